@@ -1,0 +1,28 @@
+# What every target of the project is compiled with.
+add_library(project_options INTERFACE)
+
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(
+    project_options
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Werror
+              -Wshadow
+              -Wconversion
+              -Wsign-conversion
+              -Wnon-virtual-dtor
+              -Woverloaded-virtual
+              -Wold-style-cast
+              -Wcast-qual
+              -Wformat=2
+              -Wundef)
+endif()
+
+option(GUI_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(GUI_SANITIZE)
+  target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_compile_options(project_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+endif()

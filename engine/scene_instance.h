@@ -1,0 +1,67 @@
+// A scene placed into the world.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/matrix.h"
+#include "engine/types.h"
+
+namespace qen {
+
+class AnimCtrl;
+class SimpleScene;
+class SubMesh;
+class Viewport;
+struct Light;
+
+using LightList = std::vector<Light*>;
+
+// One sub-mesh to draw, as the renderer takes it.
+struct RenderEntry {
+  SubMesh* subMesh = nullptr;
+  const Matrix4x4* world = nullptr;
+  std::uint32_t count = 0;
+  float distance = 0.0F;              // from the camera's plane, for sorting
+  const LightList* lights = nullptr;  // filled in by the engine
+};
+
+class QEN_API SimpleSceneInstance {
+ public:
+  AnimCtrl* animCtrl = nullptr;  // owned by the scene manager; null when the scene cannot be animated
+
+  // World matrices, one a node in node order. Follow animations; whoever writes one moves that node (until the next
+  // animation does).
+  std::vector<Matrix4x4> nodeMatrices;
+
+  // Storage for drawing: an entry a sub-mesh and a matrix a node with a mesh, in drawing order. Fixed size.
+  std::vector<RenderEntry> entries;
+  std::vector<Matrix4x4> drawMatrices;
+
+  [[nodiscard]] const Matrix4x4& GetTM() const { return transform; }
+
+  // Draws all its meshes with the given lights. `pass` 2: interface.
+  void Render(Viewport* viewport, std::uint32_t pass, const LightList& lights);
+
+  Matrix4x4 transform = Matrix4x4::Identity;  // of the whole instance
+  SimpleScene* scene = nullptr;               // what it shows, not owned; null when that is gone
+
+ private:
+  LightList lights_;  // of the last Render, which must stay until the frame is drawn
+};
+
+// What the scene manager keeps for an instance id.
+class InstanceBase {
+ public:
+  virtual ~InstanceBase() = default;
+  virtual void Disable(bool disabled) = 0;  // a disabled instance is not animated
+};
+
+class InstanceObject : public InstanceBase {
+ public:
+  // Gives the instance's scene at a level of detail (0 the finest) and the distance up to which it is used. Sets null
+  // for a level that does not exist.
+  virtual void GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) = 0;
+};
+
+}  // namespace qen
