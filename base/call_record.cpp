@@ -1,0 +1,68 @@
+#include "base/call_record.h"
+
+#include <array>
+#include <charconv>
+#include <unordered_map>
+#include <utility>
+
+#include "base/record.h"
+#include "base/utf.h"
+
+namespace qen::base {
+namespace {
+
+CallSink& Sink() {
+  static CallSink sink;
+  return sink;
+}
+
+std::unordered_map<const void*, String>& Names() {
+  static std::unordered_map<const void*, String> names;
+  return names;
+}
+
+template <class... Numbers>
+CallArgument JoinNumbers(Numbers... numbers) {
+  std::string text;
+  const auto append = [&text](auto number) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    if (!text.empty()) text += ' ';
+    text.append(digits.data(), end);
+  };
+  (append(numbers), ...);
+  return text;
+}
+
+}  // namespace
+
+void SetCallSink(CallSink sink) {
+  recording = sink != nullptr;
+  Sink() = std::move(sink);
+}
+
+void EmitCall(const Call& call) { Sink()(call); }
+
+void NameObject(const void* object, StringView name) { Names()[object] = name; }
+void ForgetObject(const void* object) { Names().erase(object); }
+
+CallArgument ToArgument(StringView text) { return ToUtf8(text); }
+CallArgument ToArgument(const Char* text) { return text == nullptr ? std::string() : ToUtf8(text); }
+CallArgument ToArgument(const Resource* resource) {
+  return resource == nullptr ? std::string() : ToUtf8(resource->GetName());
+}
+
+CallArgument ToArgument(Named object) {
+  const auto name = Names().find(object.object);
+  return name == Names().end() ? std::string() : ToUtf8(name->second);
+}
+
+CallArgument ToArgument(Color color) { return static_cast<std::int64_t>(color.argb); }
+CallArgument ToArgument(const Vec3& v) { return JoinNumbers(v.x, v.y, v.z); }
+CallArgument ToArgument(const Rect& r) { return JoinNumbers(r.left, r.top, r.right, r.bottom); }
+CallArgument ToArgument(const Matrix4x4& a) {
+  return JoinNumbers(a.m[0][0], a.m[0][1], a.m[0][2], a.m[0][3], a.m[1][0], a.m[1][1], a.m[1][2], a.m[1][3],
+                     a.m[2][0], a.m[2][1], a.m[2][2], a.m[2][3], a.m[3][0], a.m[3][1], a.m[3][2], a.m[3][3]);
+}
+
+}  // namespace qen::base

@@ -1,0 +1,75 @@
+#include "base/draw_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+#include "base/fonts.h"
+#include "base/render.h"
+
+namespace qen::base {
+namespace {
+
+// Cuts a quad off above and below. False when nothing is left.
+bool ClipVertically(Glyph& quad, float top, float bottom) {
+  if (!(quad.bottom > quad.top)) return false;
+  const float texels = (quad.v1 - quad.v0) / (quad.bottom - quad.top);
+  if (quad.top < top) {
+    quad.v0 += (top - quad.top) * texels;
+    quad.top = top;
+  }
+  if (quad.bottom > bottom) {
+    quad.v1 -= (quad.bottom - bottom) * texels;
+    quad.bottom = bottom;
+  }
+  return quad.bottom > quad.top;
+}
+
+std::array<DrawVertex, 6> Triangles(const Glyph& quad, const TextPlacement& placement, std::uint32_t argb) {
+  const auto vertex = [&](float x, float y, float u, float v) {
+    return DrawVertex{placement.origin + placement.right * x + placement.down * y, u, v, argb};
+  };
+  const DrawVertex leftTop = vertex(quad.left, quad.top, quad.u0, quad.v0);
+  const DrawVertex rightTop = vertex(quad.right, quad.top, quad.u1, quad.v0);
+  const DrawVertex leftBottom = vertex(quad.left, quad.bottom, quad.u0, quad.v1);
+  const DrawVertex rightBottom = vertex(quad.right, quad.bottom, quad.u1, quad.v1);
+  return {leftTop, rightTop, leftBottom, rightTop, rightBottom, leftBottom};
+}
+
+// The position of the first line that reaches below `y`.
+std::size_t LineAt(float y, float lineHeight, std::size_t count) {
+  const float line = std::floor(y / lineHeight);
+  if (!(line > 0.0F)) return 0;
+  return line < static_cast<float>(count) ? static_cast<std::size_t>(line) : count;
+}
+
+}  // namespace
+
+void DrawLayout(RenderService& frame, const FontObject& font, const TextLayout& layout, const TextPlacement& placement,
+                DrawItem look, std::uint32_t argb) {
+  const auto height = static_cast<float>(font.GetMetric().tmHeight);
+  const auto ascent = static_cast<float>(font.GetMetric().tmAscent);
+  DrawItem* item = nullptr;
+  for (std::size_t i = LineAt(placement.top, height, layout.lines.size()); i < layout.lines.size(); ++i) {
+    const TextLayout::Line& line = layout.lines[i];
+    const float cellTop = static_cast<float>(i) * height;
+    if (cellTop >= placement.bottom) break;
+    const float indent = placement.centerWidth > 0.0F ? (placement.centerWidth - line.width) * 0.5F : 0.0F;
+    for (Glyph glyph : std::span(layout.glyphs).subspan(line.firstGlyph, line.glyphCount)) {
+      if (glyph.texture == 0) continue;
+      glyph.left += indent;
+      glyph.right += indent;
+      glyph.top += cellTop + ascent;
+      glyph.bottom += cellTop + ascent;
+      if (!ClipVertically(glyph, placement.top, placement.bottom)) continue;
+      if (item == nullptr || look.texture != glyph.texture) {
+        look.texture = glyph.texture;
+        item = &frame.BeginVertices(look);
+      }
+      frame.AddVertices(*item, Triangles(glyph, placement, argb));
+    }
+  }
+}
+
+}  // namespace qen::base

@@ -1,0 +1,75 @@
+#include "base/fonts.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "base/context.h"
+#include "base/record.h"
+#include "engine/string_converter.h"
+
+namespace qen {
+
+FontManager* FontManager::GetSingleton() {
+  base::Context* context = base::CurrentContext();
+  return context == nullptr ? nullptr : &context->fonts;
+}
+
+}  // namespace qen
+
+namespace qen::base {
+namespace {
+
+TextMetric MetricOf(const IFontFace& face) {
+  TextMetric metric = face.Metric();
+  metric.tmHeight = std::max(metric.tmHeight, 1);  // lines are counted by dividing by it
+  return metric;
+}
+
+float TabWidthOf(IFontFace& face, const TextMetric& metric) {
+  constexpr float kCharacters = 8.0F;
+  std::vector<float> ends;
+  face.Measure(u"x", ends);
+  const float average = ends.empty() ? 0.0F : ends.back();
+  return kCharacters * (average > 0.0F ? average : static_cast<float>(metric.tmHeight) * 0.5F);
+}
+
+// Says all that tells one font from another: "courier -21 0 700", with " italic" at the end.
+String Describe(const FontRequest& request) {
+  String name = request.face;
+  for (const std::int32_t number : {request.height, request.width, request.weight}) {
+    name += u' ' + StringConverter::ToString(number);
+  }
+  return request.italic ? name + u" italic" : name;
+}
+
+}  // namespace
+
+FontObject::FontObject(StringView name, StringView group, std::unique_ptr<IFontFace> face, std::uint32_t id)
+    : Font(name, group),
+      face_(std::move(face)),
+      metric_(MetricOf(*face_)),
+      id_(id),
+      tabWidth_(TabWidthOf(*face_, metric_)) {}
+
+Font* FontService::CreateEx(const Char* face, std::int32_t height, std::int32_t width, std::int32_t weight, bool italic,
+                            std::int32_t quality, const String& group) {
+  Record("FontManager::CreateEx", face, height, width, weight, italic, quality, group);
+  const FontRequest request{face == nullptr ? String() : face, height, width, weight, italic};
+  const String name = Describe(request);
+  const String key = ttolowercase(name) + u'\n' + StringConverter::ToString(quality) + u'\n' + group;
+  if (FontObject* known = fonts_.Use(key)) return known;
+  std::unique_ptr<IFontFace> made = backend_ == nullptr ? nullptr : backend_->CreateFace(request);
+  if (made == nullptr) {
+    log_.ReportMissing(u"font", request.face);
+    return nullptr;
+  }
+  return fonts_.Add(key, std::make_unique<FontObject>(name, group, std::move(made), ++lastId_));
+}
+
+void FontService::Destroy(Resource* resource) {
+  Record("FontManager::Destroy", fonts_.Known(resource));
+  fonts_.Release(resource);
+}
+
+}  // namespace qen::base

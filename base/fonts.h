@@ -1,0 +1,47 @@
+// The font manager.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "base/backends/font_backend.h"
+#include "base/log.h"
+#include "base/resource_store.h"
+#include "engine/font.h"
+
+namespace qen::base {
+
+class FontObject final : public Font {
+ public:
+  FontObject(StringView name, StringView group, std::unique_ptr<IFontFace> face, std::uint32_t id);
+
+  void GetTextMetric(TextMetric& metric) const override { metric = metric_; }
+
+  [[nodiscard]] IFontFace& GetFace() const { return *face_; }
+  [[nodiscard]] const TextMetric& GetMetric() const { return metric_; }
+  [[nodiscard]] std::uint32_t GetId() const { return id_; }         // of no other font of this engine, ever
+  [[nodiscard]] float GetTabWidth() const { return tabWidth_; }  // eight average characters, in font pixels
+
+ private:
+  std::unique_ptr<IFontFace> face_;
+  TextMetric metric_;
+  std::uint32_t id_;
+  float tabWidth_;
+};
+
+class FontService final : public FontManager {
+ public:
+  FontService(IFontBackend* backend, LogService& log) : backend_(backend), log_(log) {}
+
+  Font* CreateEx(const Char* face, std::int32_t height, std::int32_t width, std::int32_t weight, bool italic,
+                 std::int32_t quality, const String& group) override;
+  void Destroy(Resource* resource) override;
+
+ private:
+  IFontBackend* backend_;  // null: there are no fonts
+  LogService& log_;
+  ResourceStore<FontObject> fonts_;
+  std::uint32_t lastId_ = 0;
+};
+
+}  // namespace qen::base

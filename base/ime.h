@@ -1,0 +1,31 @@
+// The input-method service.
+#pragma once
+
+#include "engine/ime.h"
+
+namespace qen {
+class Font;
+}
+
+namespace qen::base {
+
+struct Context;
+
+class ImeService final : public IIMEQUENRIN {
+ public:
+  explicit ImeService(Context& engine) : engine_(engine) {}
+
+  void Enable(bool enabled) override;
+  void Draw() override;
+
+  // Tells the backend when the state is another than at the end of the last frame.
+  void Settle();
+
+ private:
+  Context& engine_;
+  Font* font_ = nullptr;  // the font manager's; made when first needed
+  bool wanted_ = false;
+  bool settled_ = false;
+};
+
+}  // namespace qen::base

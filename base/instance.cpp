@@ -1,0 +1,102 @@
+#include "base/instance.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "base/record.h"
+#include "base/scene_data.h"
+
+namespace qen::base {
+
+Instance::Instance(StringView name, SimpleScene& scene, const Matrix4x4& transform, bool animates,
+                   const LightList& lights)
+    : scene_(&scene.GetData()) {
+  scene_->instances.push_back(this);
+  placed_.scene = &scene;
+  placed_.transform = transform;
+  placed_.animCtrl = animates ? &animCtrl_ : nullptr;
+  for (const auto& [index, animation] : scene_->animations) AddAnimation(index, animation.frames);
+  NameObject(this, name);
+  NameObject(&animCtrl_, name);
+  Reserve(lights);
+}
+
+Instance::~Instance() {
+  ForgetObject(this);
+  ForgetObject(&animCtrl_);
+  if (scene_ != nullptr) std::erase(scene_->instances, this);
+}
+
+void Instance::Reserve(const LightList& lights) {
+  std::size_t subMeshes = 0;
+  std::size_t meshes = 0;
+  for (const TMNode* node : scene_->order) {
+    if (node->mesh == nullptr) continue;
+    ++meshes;
+    subMeshes += node->mesh->subMeshes.size();
+  }
+  placed_.entries.resize(subMeshes);
+  for (RenderEntry& entry : placed_.entries) entry.lights = &lights;
+  placed_.drawMatrices.resize(meshes);
+  const std::size_t nodes = scene_->nodes.size();
+  placed_.nodeMatrices.resize(nodes);
+  poses_.resize(nodes);
+  globals_.resize(nodes);
+  written_.resize(nodes);
+  PoseNodes();
+  MoveNodes();
+}
+
+void Instance::Disable(bool disabled) {
+  Record("InstanceBase::Disable", Named{this}, disabled);
+  disabled_ = disabled;
+}
+
+void Instance::GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) {
+  Record("InstanceObject::GetLOD", Named{this}, level);
+  instance = level == 0 ? &placed_ : nullptr;
+  distance = std::numeric_limits<float>::max();
+}
+
+void Instance::Advance(double seconds) {
+  if (disabled_ || scene_ == nullptr || !animCtrl_.Advance(seconds)) return;
+  PoseNodes();
+  MoveNodes();
+}
+
+void Instance::AddAnimation(std::uint32_t index, float frames) {
+  animCtrl_.SetAnimationLength(static_cast<std::int32_t>(index), frames);
+}
+
+void Instance::Detach() {
+  scene_ = nullptr;
+  placed_.scene = nullptr;
+  placed_.nodeMatrices.clear();
+  placed_.entries.clear();
+  placed_.drawMatrices.clear();
+}
+
+void Instance::PoseNodes() {
+  std::ranges::copy(scene_->restPose, poses_.begin());
+  for (const AnimCtrl::Playing& playing : animCtrl_.animations) {
+    const auto animation = scene_->animations.find(static_cast<std::uint32_t>(playing.index));
+    if (animation != scene_->animations.end()) ApplyAnimation(animation->second, playing.frame, poses_);
+  }
+}
+
+void Instance::MoveNodes() {
+  for (std::size_t i = 0; i < scene_->nodes.size(); ++i) {
+    TMNode& node = scene_->nodes[i];
+    globals_[i] = ToMatrix(poses_[i]);
+    if (node.parent != TMNode::kNoParent) globals_[i] = globals_[i] * globals_[node.parent];
+    const Matrix4x4 world = ToWorld(globals_[i]);
+    if (std::memcmp(&world, &written_[i], sizeof world) == 0) continue;
+    written_[i] = world;
+    placed_.nodeMatrices[i] = world;
+    node.transform = world * placed_.transform;
+    node.inverseTransform = node.transform.Inverse();
+  }
+}
+
+}  // namespace qen::base

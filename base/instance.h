@@ -1,0 +1,49 @@
+// One placed scene: its matrices and the animation of them.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "base/pose.h"
+#include "engine/anim_ctrl.h"
+#include "engine/scene.h"
+#include "engine/scene_instance.h"
+
+namespace qen::base {
+
+// Registers itself with the scene it shows, which detaches it when it goes first.
+class Instance final : public InstanceObject {
+ public:
+  // `lights` must outlive the instance.
+  Instance(StringView name, SimpleScene& scene, const Matrix4x4& transform, bool animates, const LightList& lights);
+  ~Instance() override;
+  Instance(const Instance&) = delete;
+  Instance& operator=(const Instance&) = delete;
+
+  void Disable(bool disabled) override;
+  void GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) override;
+
+  // Moves the animations on and, when that changed the pose, the nodes that moved.
+  void Advance(double seconds);
+
+  void AddAnimation(std::uint32_t index, float frames);
+  void Detach();  // the scene is gone: no nodes any more
+
+ private:
+  void Reserve(const LightList& lights);
+  void PoseNodes();
+  void MoveNodes();
+
+  SimpleScene::Data* scene_;  // null once detached
+  SimpleSceneInstance placed_;
+  AnimCtrl animCtrl_;
+  bool disabled_ = false;
+
+  // By node. What was written into the instance's matrices last is kept, so that a node that somebody else moved is only
+  // touched when the animation moves it.
+  std::vector<Pose> poses_;
+  std::vector<Matrix4x4> globals_;
+  std::vector<Matrix4x4> written_;
+};
+
+}  // namespace qen::base

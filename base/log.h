@@ -1,0 +1,37 @@
+// The log service, and failures that are worth one line only.
+#pragma once
+
+#include <string>
+#include <unordered_set>
+
+#include "base/engine.h"
+#include "engine/output.h"
+
+namespace qen::base {
+
+// Gives whole lines to its sink; text without a line feed waits for the rest of its line.
+class LogService final : public IOutput {
+ public:
+  LogService();
+  ~LogService() override;
+  LogService(const LogService&) = delete;
+  LogService& operator=(const LogService&) = delete;
+
+  void SetSink(LogSink sink);
+  void Print(const Char* format, ...) override;
+  void PrintError(const Char* format, ...) override;
+
+  // Logs "Can't load <what> <file>" with the reason, if any; once for each file.
+  void ReportMissing(StringView what, StringView file, StringView reason = {});
+
+ private:
+  void Deliver(String& pending, bool error);
+  void Flush(String& pending, bool error);
+
+  LogSink sink_;
+  String progress_;  // the unfinished lines
+  String errors_;
+  std::unordered_set<String> reported_;
+};
+
+}  // namespace qen::base

@@ -1,0 +1,93 @@
+#include "engine/matrix.h"
+
+#include <array>
+#include <cmath>
+
+namespace qen {
+namespace {
+
+using Doubles = std::array<std::array<double, 4>, 4>;
+
+Doubles Widen(const Matrix4x4& source) {
+  Doubles wide;
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (std::size_t column = 0; column < 4; ++column) wide[row][column] = static_cast<double>(source.m[row][column]);
+  }
+  return wide;
+}
+
+// The product of the rows' lengths: the determinant's upper bound, which makes the test for zero independent of scale.
+double RowLengths(const Doubles& a) {
+  double product = 1.0;
+  for (const auto& row : a) product *= std::sqrt(row[0] * row[0] + row[1] * row[1] + row[2] * row[2] + row[3] * row[3]);
+  return product;
+}
+
+// The adjugate, from the 2x2 determinants of the upper two rows (s) and of the lower two (c). Returns the determinant.
+double Adjugate(const Doubles& a, Doubles& out) {
+  const auto minor = [&a](std::size_t row, std::size_t i, std::size_t j) {
+    return a[row][i] * a[row + 1][j] - a[row][j] * a[row + 1][i];
+  };
+  const std::array s{minor(0, 0, 1), minor(0, 0, 2), minor(0, 0, 3), minor(0, 1, 2), minor(0, 1, 3), minor(0, 2, 3)};
+  const std::array c{minor(2, 0, 1), minor(2, 0, 2), minor(2, 0, 3), minor(2, 1, 2), minor(2, 1, 3), minor(2, 2, 3)};
+  out[0] = {a[1][1] * c[5] - a[1][2] * c[4] + a[1][3] * c[3], -a[0][1] * c[5] + a[0][2] * c[4] - a[0][3] * c[3],
+            a[3][1] * s[5] - a[3][2] * s[4] + a[3][3] * s[3], -a[2][1] * s[5] + a[2][2] * s[4] - a[2][3] * s[3]};
+  out[1] = {-a[1][0] * c[5] + a[1][2] * c[2] - a[1][3] * c[1], a[0][0] * c[5] - a[0][2] * c[2] + a[0][3] * c[1],
+            -a[3][0] * s[5] + a[3][2] * s[2] - a[3][3] * s[1], a[2][0] * s[5] - a[2][2] * s[2] + a[2][3] * s[1]};
+  out[2] = {a[1][0] * c[4] - a[1][1] * c[2] + a[1][3] * c[0], -a[0][0] * c[4] + a[0][1] * c[2] - a[0][3] * c[0],
+            a[3][0] * s[4] - a[3][1] * s[2] + a[3][3] * s[0], -a[2][0] * s[4] + a[2][1] * s[2] - a[2][3] * s[0]};
+  out[3] = {-a[1][0] * c[3] + a[1][1] * c[1] - a[1][2] * c[0], a[0][0] * c[3] - a[0][1] * c[1] + a[0][2] * c[0],
+            -a[3][0] * s[3] + a[3][1] * s[1] - a[3][2] * s[0], a[2][0] * s[3] - a[2][1] * s[1] + a[2][2] * s[0]};
+  return s[0] * c[5] - s[1] * c[4] + s[2] * c[3] + s[3] * c[2] - s[4] * c[1] + s[5] * c[0];
+}
+
+}  // namespace
+
+constinit const Matrix4x4 Matrix4x4::Identity{
+    {{1.0F, 0.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 0.0F, 1.0F}}};
+
+void Matrix4x4::SetIdentity() { *this = Identity; }
+
+void Matrix4x4::SetScale(float x, float y, float z) {
+  *this = Identity;
+  m[0][0] = x;
+  m[1][1] = y;
+  m[2][2] = z;
+}
+
+void Matrix4x4::SetInverse(const Matrix4x4& source) {
+  constexpr double kSingular = 1e-14;
+  const Doubles wide = Widen(source);
+  Doubles adjugate;
+  const double determinant = Adjugate(wide, adjugate);
+  SetIdentity();
+  if (!(std::abs(determinant) > kSingular * RowLengths(wide)) || !std::isfinite(determinant)) return;
+
+  Matrix4x4 inverse;
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (std::size_t column = 0; column < 4; ++column) {
+      inverse.m[row][column] = static_cast<float>(adjugate[row][column] / determinant);
+      if (!std::isfinite(inverse.m[row][column])) return;
+    }
+  }
+  *this = inverse;
+}
+
+Matrix4x4 Matrix4x4::Inverse() const {
+  Matrix4x4 inverse;
+  inverse.SetInverse(*this);
+  return inverse;
+}
+
+Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b) {
+  Matrix4x4 product;
+  for (std::size_t row = 0; row < 4; ++row) {
+    for (std::size_t column = 0; column < 4; ++column) {
+      product.m[row][column] = a.m[row][0] * b.m[0][column] + a.m[row][1] * b.m[1][column] +
+                               a.m[row][2] * b.m[2][column] + a.m[row][3] * b.m[3][column];
+    }
+  }
+  return product;
+}
+
+}  // namespace qen

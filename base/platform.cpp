@@ -1,0 +1,123 @@
+#include "engine/platform.h"
+
+#if !defined(_WIN32)
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <string>
+#include <system_error>
+
+#include "base/backends/window_backend.h"
+#include "base/context.h"
+#include "base/file_paths.h"
+#include "base/record.h"
+
+namespace qen::platform {
+namespace {
+
+namespace fs = std::filesystem;
+using base::Record;
+
+base::IWindowBackend* Window() {
+  const base::Context* context = base::CurrentContext();
+  return context == nullptr ? nullptr : context->backends.window;
+}
+
+StringView NameOf(const Char* file) { return file == nullptr ? StringView() : StringView(file); }
+
+// Writes the copy beside its place and moves it there, so that a failure half way leaves what was there.
+bool CopyWhole(const fs::path& from, const fs::path& to) {
+  fs::path part = to;
+  part += ".part";
+  std::error_code error;
+  fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
+  if (!error) fs::rename(part, to, error);
+  if (!error) return true;
+  std::error_code ignored;
+  fs::remove(part, ignored);
+  return false;
+}
+
+}  // namespace
+
+bool GetCursorPos(POINT* point) {
+  Record("GetCursorPos");
+  base::IWindowBackend* window = Window();
+  if (window == nullptr || point == nullptr) return false;
+  const base::Point cursor = window->Cursor();
+  *point = {cursor.x, cursor.y};
+  return true;
+}
+
+bool SetCursorPos(int x, int y) {
+  Record("SetCursorPos", x, y);
+  base::IWindowBackend* window = Window();
+  if (window == nullptr) return false;
+  window->SetCursor({x, y});
+  return true;
+}
+
+bool ScreenToClient(WindowHandle, POINT* point) {
+  Record("ScreenToClient");
+  base::IWindowBackend* window = Window();
+  if (window == nullptr || point == nullptr) return false;
+  const base::Point origin = window->ClientOrigin();
+  *point = {point->x - origin.x, point->y - origin.y};
+  return true;
+}
+
+bool ClientToScreen(WindowHandle, POINT* point) {
+  Record("ClientToScreen");
+  base::IWindowBackend* window = Window();
+  if (window == nullptr || point == nullptr) return false;
+  const base::Point origin = window->ClientOrigin();
+  *point = {point->x + origin.x, point->y + origin.y};
+  return true;
+}
+
+bool GetClientRect(WindowHandle, RECT* rect) {
+  Record("GetClientRect");
+  base::IWindowBackend* window = Window();
+  if (window == nullptr || rect == nullptr) return false;
+  const base::Point size = window->ClientSize();
+  *rect = {0, 0, size.x, size.y};
+  return true;
+}
+
+std::uint32_t timeGetTime() {
+  Record("timeGetTime");
+  const base::Context* context = base::CurrentContext();
+  const double seconds = context == nullptr ? base::RealClock().GetTime() : context->clock.GetTime();
+  return static_cast<std::uint32_t>(static_cast<std::int64_t>(seconds * 1000.0));
+}
+
+bool CopyFileW(const Char* from, const Char* to, bool failIfExists) {
+  Record("CopyFileW", from, to, failIfExists);
+  const fs::path source = base::ResolvePath(NameOf(from));
+  const fs::path target = base::ResolvePath(NameOf(to));
+  std::error_code error;
+  if (failIfExists && fs::exists(target, error)) return false;
+  return CopyWhole(source, target);
+}
+
+int _wmkdir(const Char* folder) {
+  Record("_wmkdir", folder);
+  std::error_code error;
+  return fs::create_directory(base::ResolvePath(NameOf(folder)), error) ? 0 : -1;
+}
+
+std::FILE* _wfopen(const Char* file, const Char* mode) {
+  Record("_wfopen", file, mode);
+  std::string narrow;
+  for (const Char c : NameOf(mode)) narrow.push_back(c < 0x80 ? static_cast<char>(c) : '?');
+  const fs::path path = base::ResolvePath(NameOf(file));
+  // A folder can be opened for reading here, but is no file.
+  std::error_code error;
+  if (fs::is_directory(path, error)) return nullptr;
+  return std::fopen(path.c_str(), narrow.c_str());
+}
+
+}  // namespace qen::platform
+
+#endif

@@ -1,0 +1,112 @@
+#include "base/render.h"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+
+#include "base/backends/render_backend.h"
+#include "base/record.h"
+#include "engine/mesh.h"
+
+namespace qen::base {
+namespace {
+
+bool LooksLike(const DrawItem& a, const DrawItem& b) {
+  return a.kind == b.kind && a.textureUse == b.textureUse && a.texture == b.texture && a.distance == b.distance &&
+         std::memcmp(&a.world, &b.world, sizeof a.world) == 0;
+}
+
+// Draws nothing from now on.
+void Blank(DrawItem& item) {
+  item = DrawItem{};
+  item.kind = DrawKind::Triangles3D;
+}
+
+bool Contains(const Mesh& mesh, const SubMesh* subMesh) {
+  const SubMesh* first = mesh.subMeshes.data();
+  const SubMesh* end = first + mesh.subMeshes.size();
+  return !std::less<>{}(subMesh, first) && std::less<>{}(subMesh, end);
+}
+
+}  // namespace
+
+void RenderService::SetProjection(const Matrix4x4& projection) {
+  Record("IRender::SetProjection", projection);
+  DrawLayer layer;
+  layer.projection = projection;
+  layer.firstItem = static_cast<std::uint32_t>(list_.items.size());
+  list_.layers.push_back(layer);
+}
+
+void RenderService::SetView(const Matrix4x4& view) {
+  Record("IRender::SetView", view);
+  CurrentLayer().view = view;
+}
+
+void RenderService::Submit(const RenderEntry& entry) {
+  Record("IRender::Submit", Named{entry.subMesh}, entry.distance);
+  Add(entry);
+}
+
+void RenderService::Add(const RenderEntry& entry) {
+  if (entry.subMesh == nullptr) return;
+  DrawItem& item = list_.items.emplace_back();
+  item.entry = entry;
+  item.distance = entry.distance;
+  if (entry.world != nullptr) item.world = *entry.world;
+  ++CurrentLayer().itemCount;
+}
+
+DrawItem& RenderService::BeginVertices(const DrawItem& look) {
+  DrawLayer& layer = CurrentLayer();
+  if (layer.itemCount > 0 && LooksLike(list_.items.back(), look)) return list_.items.back();
+  DrawItem& item = list_.items.emplace_back(look);
+  item.firstVertex = static_cast<std::uint32_t>(list_.vertices.size());
+  item.vertexCount = 0;
+  ++layer.itemCount;
+  return item;
+}
+
+void RenderService::AddVertices(DrawItem& item, std::span<const DrawVertex> vertices) {
+  list_.vertices.insert(list_.vertices.end(), vertices.begin(), vertices.end());
+  item.vertexCount += static_cast<std::uint32_t>(vertices.size());
+}
+
+float RenderService::DistanceOf(const Vec3& world) const {
+  return list_.layers.empty() ? world.z : (list_.layers.back().view * world).z;
+}
+
+void RenderService::Forget(std::span<const Mesh> meshes) {
+  for (DrawItem& item : list_.items) {
+    if (item.kind != DrawKind::Mesh) continue;
+    const SubMesh* subMesh = item.entry.subMesh;
+    if (std::ranges::any_of(meshes, [subMesh](const Mesh& mesh) { return Contains(mesh, subMesh); })) Blank(item);
+  }
+}
+
+void RenderService::Forget(const LightList& lights) {
+  for (DrawItem& item : list_.items) {
+    if (item.entry.lights == &lights) item.entry.lights = nullptr;
+  }
+}
+
+void RenderService::ForgetTexture(std::uint32_t texture) {
+  for (DrawItem& item : list_.items) {
+    if (item.kind != DrawKind::Mesh && item.texture == texture) Blank(item);
+  }
+}
+
+void RenderService::EndFrame(std::int32_t width, std::int32_t height) {
+  // The matrix that was submitted may have moved on or be gone; the item kept what it was.
+  for (DrawItem& item : list_.items) {
+    if (item.kind == DrawKind::Mesh) item.entry.world = &item.world;
+  }
+  if (backend_ != nullptr) backend_->Draw(list_, width, height);
+}
+
+DrawLayer& RenderService::CurrentLayer() {
+  if (list_.layers.empty()) list_.layers.emplace_back();
+  return list_.layers.back();
+}
+
+}  // namespace qen::base

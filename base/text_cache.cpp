@@ -1,0 +1,42 @@
+#include "base/text_cache.h"
+
+#include <functional>
+
+#include "base/fonts.h"
+
+namespace qen::base {
+namespace {
+
+constexpr std::size_t kCapacity = 1024;
+
+}  // namespace
+
+std::size_t TextCache::Hash::operator()(const Key& key) const {
+  std::size_t hash = std::hash<StringView>{}(key.text);
+  const auto mix = [&hash](std::size_t value) { hash = (hash ^ value) * 0x9E3779B97F4A7C15U; };
+  mix(key.font);
+  mix(std::hash<float>{}(key.options.wrapWidth));
+  mix(static_cast<std::size_t>(key.options.style) * 4 + (key.options.singleLine ? 2 : 0) +
+      (key.options.expandTabs ? 1 : 0));
+  return hash;
+}
+
+TextCache::Entry::Entry(const FontObject& font, StringView words, const LayoutOptions& options)
+    : text(words), key{font.GetId(), options, text}, layout(LayOut(font, words, options)) {}
+
+const TextLayout& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
+  const auto known = index_.find(Key{font.GetId(), options, text});
+  if (known != index_.end()) {
+    entries_.splice(entries_.begin(), entries_, known->second);
+    return known->second->layout;
+  }
+  if (entries_.size() >= kCapacity) {
+    index_.erase(entries_.back().key);
+    entries_.pop_back();
+  }
+  entries_.emplace_front(font, text, options);
+  index_.emplace(entries_.front().key, entries_.begin());
+  return entries_.front().layout;
+}
+
+}  // namespace qen::base

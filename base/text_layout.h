@@ -1,0 +1,39 @@
+// Texts cut into lines and shaped.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "base/backends/font_backend.h"
+#include "engine/types.h"
+
+namespace qen::base {
+
+class FontObject;
+
+// In font pixels. Glyphs are relative to the beginning of their line's base line; lines follow each other downwards, one
+// cell of the font each.
+struct TextLayout {
+  struct Line {
+    std::uint32_t firstGlyph = 0;
+    std::uint32_t glyphCount = 0;
+    float width = 0.0F;
+  };
+
+  std::vector<Line> lines;
+  std::vector<Glyph> glyphs;
+  float width = 0.0F;  // of the widest line
+};
+
+struct LayoutOptions {
+  GlyphStyle style = GlyphStyle::Bitmap;
+  bool singleLine = false;  // line feeds are blanks
+  bool expandTabs = false;  // else tabs are blanks
+  float wrapWidth = 0.0F;   // 0: lines are as long as they are
+
+  friend bool operator==(const LayoutOptions&, const LayoutOptions&) = default;
+};
+
+TextLayout LayOut(const FontObject& font, StringView text, const LayoutOptions& options);
+
+}  // namespace qen::base

@@ -1,0 +1,46 @@
+#include "base/vfs.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "base/record.h"
+#include "base/utf.h"
+
+namespace qen::base {
+namespace {
+
+// A file in UTF-16 has zero bytes wherever it has blanks or Latin letters; one in UTF-8 has none.
+bool IsUtf16(std::span<const std::uint8_t> bytes) {
+  const bool marked = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
+  return marked || std::ranges::find(bytes, std::uint8_t{0}) != bytes.end() || !IsUtf8(bytes);
+}
+
+}  // namespace
+
+String DecodeText(std::span<const std::uint8_t> bytes) {
+  if (!IsUtf16(bytes)) return ToUtf16({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  String text(bytes.size() / 2, u'\0');
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    text[i] = static_cast<Char>(bytes[2 * i] | (bytes[2 * i + 1] << 8));
+  }
+  return text;
+}
+
+bool FileService::ReadFile(const Char* name, Char*& buffer, std::uint32_t& size) {
+  Record("IVFS::ReadFile", name);
+  if (name == nullptr) return false;
+  std::vector<std::uint8_t> bytes;
+  if (files_ == nullptr || !files_->Read(name, bytes)) {
+    log_.ReportMissing(u"file", name);
+    return false;
+  }
+  const String text = DecodeText(bytes);
+  if (text.size() > std::numeric_limits<std::uint32_t>::max() / sizeof(Char)) return false;
+  buffer = new Char[text.size() + 1];
+  *std::ranges::copy(text, buffer).out = u'\0';
+  size = static_cast<std::uint32_t>(text.size() * sizeof(Char));
+  return true;
+}
+
+}  // namespace qen::base
