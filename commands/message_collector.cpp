@@ -1,0 +1,116 @@
+#include "commands/message_collector.h"
+
+#include <algorithm>
+
+#include "commands/command_words.h"
+#include "commands/live_objects.h"
+#include "commands/page_lists.h"
+#include "engine/messages.h"
+#include "engine/msg_daemon.h"
+#include "engine/system.h"
+
+namespace qen {
+
+CGUIMessageCollector& MessageCollector() {
+  static CGUIMessageCollector collector;
+  return collector;
+}
+
+void CGUIMessageCollector::Post(std::uint32_t id, GuiMessage& record) {
+  if (record.command == command::kSetPage) return ExpandSetPage(id, record);
+  if (record.command == command::kUndoPage) return ExpandUndoPage(id, record);
+  record.handled = id == message::kNotification ? 1 : 0;
+  record.snapshot = 1;
+  Append(id, record);
+}
+
+void CGUIMessageCollector::Append(std::uint32_t id, const GuiMessage& record) {
+  queue_.push_back({nextSerial_++, LiveSerial(record.source), LiveSerial(record.page), id, record});
+  if (record.handled != 0) ++handled_;
+}
+
+void CGUIMessageCollector::AppendPageCommand(std::uint32_t id, const GuiMessage& origin, StringView command,
+                                             const String& argument, bool snapshot) {
+  GuiMessage record;
+  record.text = origin.text;
+  record.command = command;
+  record.argument = argument;
+  record.value = origin.value;
+  record.source = origin.source;
+  record.page = origin.page;
+  record.snapshot = snapshot ? 1 : 0;
+  record.origin = 1;
+  Append(id, record);
+}
+
+void CGUIMessageCollector::RemoveActivePages(std::uint32_t id, const GuiMessage& origin, bool snapshot) {
+  const std::vector<std::uint32_t>& active = lists_->ActivePages();
+  for (std::size_t i = active.size(); i-- > 0;) {
+    const bool first = i + 1 == active.size();
+    AppendPageCommand(id, origin, command::kRemActivePage, lists_->PageName(active[i]), snapshot && first);
+  }
+}
+
+void CGUIMessageCollector::ExpandSetPage(std::uint32_t id, const GuiMessage& record) {
+  if (lists_ == nullptr) return;
+  RemoveActivePages(id, record, true);
+  AppendPageCommand(id, record, command::kRemoveAllFromRender, record.argument, false);
+  AppendPageCommand(id, record, command::kAddRenderPage, record.argument, false);
+  AppendPageCommand(id, record, command::kAddActivePage, record.argument, false);
+}
+
+void CGUIMessageCollector::ExpandUndoPage(std::uint32_t id, const GuiMessage& record) {
+  if (lists_ == nullptr || lists_->UndoStack().empty()) return;
+  const CGuiUndo snapshot = std::move(lists_->UndoStack().back());
+  lists_->UndoStack().pop_back();
+  RemoveActivePages(id, record, false);
+  AppendPageCommand(id, record, command::kRemoveAllFromRender, record.argument, false);
+  for (const std::uint32_t page : snapshot.renderPages) {
+    AppendPageCommand(id, record, command::kAddRenderPage, lists_->PageName(page), false);
+  }
+  for (const std::uint32_t page : snapshot.activePages) {
+    AppendPageCommand(id, record, command::kAddActivePage, lists_->PageName(page), false);
+  }
+}
+
+void CGUIMessageCollector::ForgetTheGone(Entry& entry) {
+  GuiMessage& record = entry.record;
+  if (entry.sourceSerial == 0 || LiveSerial(record.source) != entry.sourceSerial) record.source = nullptr;
+  if (entry.pageSerial == 0 || LiveSerial(record.page) != entry.pageSerial) record.page = nullptr;
+}
+
+void CGUIMessageCollector::Deliver() {
+  if (delivering_ || System::daemon == nullptr) return;
+  delivering_ = true;
+  delivered_ = queue_;
+  for (Entry& entry : delivered_) {
+    ForgetTheGone(entry);
+    System::daemon->ProcMsg(entry.id, 0, reinterpret_cast<std::uintptr_t>(&entry.record), category::kAll);
+    StoreHandled(entry.serial, entry.record.handled);
+  }
+  delivering_ = false;
+  Purge();
+}
+
+void CGUIMessageCollector::StoreHandled(std::uint64_t serial, std::uint8_t handled) {
+  // A handler may have purged or emptied the queue, so the entry is looked for, not counted off.
+  const auto found = std::lower_bound(queue_.begin(), queue_.end(), serial,
+                                      [](const Entry& entry, std::uint64_t wanted) { return entry.serial < wanted; });
+  if (found == queue_.end() || found->serial != serial) return;
+  if (found->record.handled != 0) --handled_;
+  if (handled != 0) ++handled_;
+  found->record.handled = handled;
+}
+
+void CGUIMessageCollector::Purge() {
+  if (handled_ == 0) return;
+  std::erase_if(queue_, [](const Entry& entry) { return entry.record.handled != 0; });
+  handled_ = 0;
+}
+
+void CGUIMessageCollector::Clear() {
+  queue_.clear();
+  handled_ = 0;
+}
+
+}  // namespace qen

@@ -1,0 +1,45 @@
+#include "definitions/gui_description.h"
+
+#include <array>
+
+#include "definitions/definition_text.h"
+
+namespace qen {
+namespace {
+
+struct FileKey {
+  StringView word;
+  bool (IGuiLoader::*load)(const String& file);  // null: the value is passed over
+};
+
+constexpr std::array<FileKey, 4> kFileKeys{{
+    {u"lang", nullptr},
+    {u"name", &IGuiLoader::LoadPageFile},
+    {u"bagname", &IGuiLoader::LoadBagFile},
+    {u"tool", &IGuiLoader::LoadStyleFile},
+}};
+
+}  // namespace
+
+void ReadLanguageFileName(const String& text, String& file) {
+  DefinitionPass pass(text);
+  for (String token = pass.parser.NextToken(); !token.empty(); token = pass.parser.NextToken()) {
+    if (token == u"lang") file = pass.parser.NextToken();
+  }
+}
+
+bool LoadNamedFiles(const String& text, IGuiLoader& loader) {
+  bool result = true;
+  DefinitionPass pass(text);
+  for (String token = pass.parser.NextToken(); !token.empty(); token = pass.parser.NextToken()) {
+    // The value takes the token's place, so that the keys further down are tried on it.
+    for (const FileKey& key : kFileKeys) {
+      if (token != key.word) continue;
+      token = pass.parser.NextToken();
+      if (key.load != nullptr) result = (loader.*key.load)(token);
+    }
+  }
+  return result;
+}
+
+}  // namespace qen

@@ -1,0 +1,85 @@
+#include "definitions/language_table.h"
+
+#include "definitions/definition_text.h"
+#include "engine/string_converter.h"
+
+namespace qen {
+namespace {
+
+constexpr StringView kSection = u"lang";
+constexpr StringView kEntryPrefix = u"str";
+
+// A backslash and n or t stand for a line feed and a tab; any other character behind a backslash stands for itself. A
+// backslash at the very end stays.
+String ConvertEscapes(StringView token) {
+  String text;
+  text.reserve(token.size());
+  for (std::size_t i = 0; i < token.size(); ++i) {
+    const bool escape = token[i] == u'\\' && i + 1 < token.size();
+    if (!escape) {
+      text += token[i];
+      continue;
+    }
+    const Char next = token[++i];
+    text += next == u'n' ? u'\n' : next == u't' ? u'\t' : next;
+  }
+  return text;
+}
+
+void ReadSection(CGUIParser& parser, TextTable& texts) {
+  for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
+    if (token.starts_with(kEntryPrefix)) {
+      const std::int32_t id = StringConverter::ParseInt(StringView(token).substr(kEntryPrefix.size()));
+      token = parser.NextToken();
+      if (token.empty()) return;
+      token = ConvertEscapes(token);
+      texts.try_emplace(static_cast<std::uint32_t>(id), token);
+    }
+    if (token == u"}") return;
+  }
+}
+
+}  // namespace
+
+LanguageTable& ModuleLanguageTable() {
+  static LanguageTable table;
+  return table;
+}
+
+void LanguageTable::Load(const Char* file, StringView language) {
+  Clear();
+  const std::optional<String> text = LoadDefinitionText(file);
+  if (!text) return;
+  DefinitionPass pass(*text);
+  CGUIParser& parser = pass.parser;
+  for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
+    if (token == kSection && parser.NextToken() == language) ReadSection(parser, texts_);
+  }
+}
+
+const String& LanguageTable::Words(std::int32_t id) const {
+  static const String notAvailable = u"N/A";
+  if (id < 0) return notAvailable;
+  const auto found = texts_.find(static_cast<std::uint32_t>(id));
+  return found == texts_.end() ? notAvailable : found->second;
+}
+
+bool LanguageTable::Replace(std::int32_t id, const String& words) {
+  const auto found = id < 0 ? texts_.end() : texts_.find(static_cast<std::uint32_t>(id));
+  if (found == texts_.end()) return false;
+  found->second = words;
+  return true;
+}
+
+std::vector<String> ReadLanguageNames(const Char* file) {
+  std::vector<String> names;
+  const std::optional<String> text = LoadDefinitionText(file);
+  if (!text) return names;
+  DefinitionPass pass(*text);
+  for (String token = pass.parser.NextToken(); !token.empty(); token = pass.parser.NextToken()) {
+    if (token == kSection) names.push_back(pass.parser.NextToken());
+  }
+  return names;
+}
+
+}  // namespace qen

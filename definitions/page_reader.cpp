@@ -1,0 +1,101 @@
+#include "definitions/page_reader.h"
+
+#include <array>
+#include <span>
+
+#include "definitions/definition_text.h"
+#include "definitions/item_reader.h"
+#include "definitions/page_builder.h"
+#include "definitions/stopwatch.h"
+#include "engine/gui_page_object.h"
+#include "engine/output.h"
+#include "engine/string_converter.h"
+#include "engine/system.h"
+
+namespace qen {
+namespace {
+
+// A header being read.
+struct Header {
+  IPageBuilder& page;
+  std::int32_t animations = 0;
+};
+
+// Gives the position of the animation, or -1 when it was not loaded.
+std::int32_t AddAnimation(Header& header, const String& file) {
+  if (!header.page.HasScene() || !header.page.AddAnimation(file)) return -1;
+  return header.animations++;
+}
+
+struct HeaderKey {
+  StringView word;
+  void (*take)(Header& header, const String& value);
+};
+
+constexpr std::size_t kBagKeys = 3;  // the first so many are keys of a bag file too
+
+constexpr std::array<HeaderKey, 7> kHeaderKeys{{
+    {u"anim_in",
+     [](Header& header, const String& file) {
+       if (const std::int32_t animation = AddAnimation(header, file); animation >= 0) header.page.SetAnimIn(animation);
+     }},
+    {u"anim_out",
+     [](Header& header, const String& file) {
+       if (const std::int32_t animation = AddAnimation(header, file); animation >= 0) header.page.SetAnimOut(animation);
+     }},
+    {u"anim", [](Header& header, const String& file) { AddAnimation(header, file); }},
+    {u"onmousewav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kMouse, file); }},
+    {u"onclickwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kClick, file); }},
+    {u"onaniminwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimIn, file); }},
+    {u"onanimoutwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimOut, file); }},
+}};
+
+void ReadKeys(CGUIParser& parser, std::span<const HeaderKey> keys, Header& header) {
+  for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
+    // The value takes the token's place, so that the keys further down are tried on it.
+    for (const HeaderKey& key : keys) {
+      if (token != key.word) continue;
+      token = parser.ReadString();
+      key.take(header, token);
+    }
+  }
+}
+
+}  // namespace
+
+bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
+  DefinitionPass pass(text);
+  CGUIParser& parser = pass.parser;
+  const String first = parser.NextToken();
+  const Stopwatch stopwatch;
+  bool named = true;
+  if (first == u"name") {
+    const String scene = parser.NextToken();
+    named = !scene.empty();
+    if (!page.LoadScene(scene)) return false;
+  }
+  page.SetAnimIn(-1);
+  page.SetAnimOut(-1);
+  Header header{page};
+  const std::span<const HeaderKey> keys(kHeaderKeys);
+  ReadKeys(parser, format == PageFormat::Bag ? keys.first(kBagKeys) : keys, header);
+  page.Build();
+  if (format == PageFormat::Page && System::output != nullptr) {
+    System::output->Print(u"... [%1.1f sec]\n", stopwatch.Seconds());
+  }
+  return parser.ok && named;
+}
+
+bool ReadPageItems(const String& text, IPageBuilder& page) {
+  DefinitionPass pass(text);
+  CGUIParser& parser = pass.parser;
+  parser.NextToken();
+  for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
+    if (token != u"item") continue;
+    const String name = parser.NextToken();
+    ReadItemBlock(parser, page.FindWidget(ttolowercase(name)));
+  }
+  return parser.ok;
+}
+
+}  // namespace qen

@@ -1,0 +1,74 @@
+#include "module/style.h"
+
+#include <utility>
+
+#include "definitions/definition_text.h"
+#include "engine/font.h"
+#include "engine/texture.h"
+
+namespace qen {
+namespace {
+
+const String kMaterialName = u"gui";
+const String kGroup = kDefaultGroup;
+constexpr std::uint32_t kInterfaceTexture = 129;
+
+template <class Manager, class Kept>
+void GiveBack(Kept*& resource) {
+  Manager* manager = Manager::GetSingleton();
+  if (resource != nullptr && manager != nullptr) manager->Destroy(resource);
+  resource = nullptr;
+}
+
+}  // namespace
+
+Style::~Style() {
+  params_.RemoveTexture(TEXTURE_SLOT_1);
+  for (Resources& resources : forgotten_) Destroy(resources);
+  Destroy(resources_);
+}
+
+void Style::Destroy(Resources& resources) {
+  GiveBack<FontManager>(resources.font);
+  GiveBack<MaterialManager>(resources.material);
+  GiveBack<TextureManager>(resources.texture);
+}
+
+void Style::DestroyFont() { GiveBack<FontManager>(resources_.font); }
+
+void Style::ForgetFile() {
+  fileName_.clear();
+  forgotten_.push_back({.font = std::exchange(resources_.font, nullptr)});
+}
+
+bool Style::Load(const Char* file) {
+  forgotten_.push_back(std::exchange(resources_, {}));
+  fileName_ = file != nullptr ? file : u"";
+  settings_.font = DefaultStyleFont();
+  bool tooShort = false;
+  const std::optional<String> text = LoadMarkedDefinitionText(fileName_.c_str(), tooShort);
+  if (tooShort) return false;
+  if (text) ReadStyle(*text, settings_);
+  CreateResources();
+  return true;
+}
+
+void Style::CreateResources() {
+  if (!IsNamed()) return;
+  GiveBack<FontManager>(resources_.font);
+  if (FontManager* fonts = FontManager::GetSingleton()) {
+    const LOGFONTW& font = settings_.font;
+    resources_.font =
+        fonts->CreateEx(font.lfFaceName, font.lfHeight, font.lfWidth, font.lfWeight, font.IsItalic(), 1, kGroup);
+  }
+  GiveBack<MaterialManager>(resources_.material);
+  if (MaterialManager* materials = MaterialManager::GetSingleton())
+    resources_.material = materials->Create(kMaterialName, kGroup);
+  params_.RemoveTexture(TEXTURE_SLOT_1);
+  GiveBack<TextureManager>(resources_.texture);
+  TextureManager* textures = TextureManager::GetSingleton();
+  if (textures != nullptr) resources_.texture = textures->Load(settings_.texture, kGroup, 0, kInterfaceTexture);
+  if (resources_.texture != nullptr) params_.AddTexture(TEXTURE_SLOT_1, resources_.texture);
+}
+
+}  // namespace qen

@@ -1,0 +1,147 @@
+#include "pages/bag_page.h"
+
+#include <algorithm>
+
+#include "definitions/definition_file.h"
+#include "definitions/definition_text.h"
+#include "definitions/page_reader.h"
+#include "definitions/page_writer.h"
+#include "engine/bag_entry.h"
+#include "engine/ray.h"
+#include "engine/viewport.h"
+#include "pages/page_renderer.h"
+#include "widgets/quad.h"
+
+namespace qen {
+namespace {
+
+constexpr std::int32_t kSceneLine = 196;  // of this class in the engine's log
+
+std::int32_t nextQuadId = 0;  // shared by all bag pages, never reset
+
+ICGUIDummy& Slot(ICGUIObject* widget) { return *static_cast<ICGUIDummy*>(widget); }
+
+void ShowDefaults(ICGUIObject* widget) {
+  Slot(widget).SetColor(0, true);
+  Slot(widget).SetQuadTexture(nullptr);
+}
+
+}  // namespace
+
+CGUIBagPage::CGUIBagPage() : PageBase("CGUIBagPage", kSceneLine) {}
+
+SimpleScene* CGUIBagPage::LoadPage(const Char* file, std::uint32_t newKind) {
+  ResetForLoading(file, newKind);
+  bool tooShort = false;
+  const std::optional<String> text = LoadMarkedDefinitionText(fileName.c_str(), tooShort);
+  if (tooShort) return nullptr;
+  if (text) {
+    ReadPageHeader(*text, PageFormat::Bag, *this);
+    ReadPageItems(*text, *this);
+  }
+  return scene;
+}
+
+std::unique_ptr<ICGUIObject> CGUIBagPage::MakeWidget(Char letter) {
+  return letter == widget_type::kQuad ? std::make_unique<CGUIQuad>(Nodes()) : nullptr;
+}
+
+void CGUIBagPage::WidgetCreated(ICGUIObject& widget) {
+  Slot(&widget).GetBagRecord().size = slotHalfSize_.data();
+  widget.GetId() = nextQuadId++;
+}
+
+PickResult* CGUIBagPage::Pick(Viewport* /*viewport*/, std::uint32_t /*x*/, std::uint32_t /*y*/,
+                              std::uint32_t /*buttonA*/, std::uint32_t /*buttonB*/, Char /*key*/) {
+  if (entries_.empty()) {
+    for (ICGUIObject* slot : items) {
+      ShowDefaults(slot);
+      slot->Update(Ray{});
+    }
+    return nullptr;
+  }
+  SortSlots();
+  CountSlots();
+  LayOutEntries();
+  for (ICGUIObject* slot : items) slot->Update(Ray{});
+  return nullptr;
+}
+
+void CGUIBagPage::SortSlots() {
+  const auto byId = [](ICGUIObject* a, ICGUIObject* b) { return a->GetId() < b->GetId(); };
+  if (!std::is_sorted(items.begin(), items.end(), byId)) std::sort(items.begin(), items.end(), byId);
+}
+
+void CGUIBagPage::CountSlots() { slotCount = static_cast<std::int32_t>(std::max(items.size(), entries_.size())); }
+
+std::int32_t CGUIBagPage::FirstActiveSlot() const {
+  const auto found =
+      std::find_if(items.begin(), items.end(), [](ICGUIObject* slot) { return Slot(slot).GetActive() != 0; });
+  return found != items.end() ? static_cast<std::int32_t>(found - items.begin()) : -1;
+}
+
+IBagEntry* CGUIBagPage::EntryAt(std::int32_t index) const {
+  const auto position = static_cast<std::size_t>(index);
+  return index >= 0 && position < entries_.size() ? entries_[position] : nullptr;
+}
+
+void CGUIBagPage::LayOutEntries() {
+  const std::int32_t first = FirstActiveSlot();
+  if (first < 0) return;
+  std::int32_t shown = focusIndex - first;
+  for (ICGUIObject* slot : items) {
+    if (shown >= slotCount) shown -= slotCount;
+    if (shown < 0) shown += slotCount;
+    ShowDefaults(slot);
+    if (IBagEntry* entry = EntryAt(shown)) {
+      Slot(slot).SetColor(entry->GetColor(), false);
+      Slot(slot).SetQuadTexture(entry->GetTexture());
+    }
+    ++shown;
+  }
+}
+
+void CGUIBagPage::Render(Viewport* viewport) {
+  if (viewport != nullptr) PageRenderer(*this, *viewport, WidgetDrawing::ByWidget, {}).Draw();
+}
+
+bool CGUIBagPage::Save(const Char* file) {
+  const String path = ResolvePath(file != nullptr ? file : u"");
+  MakeBackup(path);
+  return WriteDefinitionFile(path, WriteBag(*this));
+}
+
+void CGUIBagPage::Unload() {
+  ReleaseWidgets();
+  ReleaseAnimations();
+  DestroySceneEntries();
+  DeleteScene();
+}
+
+void CGUIBagPage::SetBagItems(std::vector<IBagEntry*> entries) {
+  entries_ = std::move(entries);
+  CountSlots();
+  focusIndex = entries_.empty() ? 0 : focusIndex % static_cast<std::int32_t>(entries_.size());
+}
+
+IBagEntry* CGUIBagPage::GetSelectedBagItem() { return EntryAt(focusIndex); }
+
+bool CGUIBagPage::StepFocus(std::int32_t step) {
+  const auto count = static_cast<std::int32_t>(entries_.size());
+  if (count > 0) focusIndex = (focusIndex + step + count) % count;
+  return true;
+}
+
+bool CGUIBagPage::FocusNext() { return StepFocus(-1); }
+
+bool CGUIBagPage::FocusPrev() { return StepFocus(1); }
+
+void CGUIBagPage::PlaySound(const void* /*object*/, std::int32_t /*kind*/) {}
+
+void CGUIBagPage::RegisterRenderObject(RenderClient* /*client*/) {}
+
+void CGUIBagPage::UnregisterRenderObject(RenderClient* /*client*/) {}
+
+void CGUIBagPage::SetSound(std::int32_t /*kind*/, const String& /*file*/) {}
+
+}  // namespace qen

@@ -1,0 +1,31 @@
+// The tree of a scene's nodes, for looking up children by name.
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include "engine/types.h"
+#include "pages/gui_parent.h"
+#include "widgets/child_nodes.h"
+
+namespace qen {
+
+class SimpleScene;
+
+class NodeIndex final : public IChildNodes {
+ public:
+  // Indexes the nodes of the scene, which must stay loaded until Clear.
+  void Build(const SimpleScene& scene);
+  void Clear();
+
+  bool FindChildNode(const TMNode* parent, StringView word, TMNode*& node, std::int32_t& position) const override;
+  [[nodiscard]] std::int32_t NodePosition(const TMNode* node) const override;
+
+ private:
+  std::unordered_map<const TMNode*, std::uint32_t> positions_;
+  std::vector<CGuiParent> parents_;   // one a node, in node order
+  std::vector<TMNode*> nodes_;        // likewise
+  std::vector<String> loweredNames_;  // likewise
+};
+
+}  // namespace qen

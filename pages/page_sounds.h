@@ -1,0 +1,32 @@
+// The interface sounds of a page.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "engine/sound.h"
+#include "engine/types.h"
+
+namespace qen {
+
+class PageSounds {
+ public:
+  // Remembers the file name and loads it, when there is a sound service. Kinds are sound_kind's.
+  void Set(std::int32_t kind, const String& file);
+
+  // Plays the sound of a kind; the mouse-over sound only when `object` is not the last one that asked for a sound, on
+  // any page. Other kinds do nothing.
+  void Play(const void* object, std::int32_t kind) const;
+
+  void Release();  // gives the sounds back; the file names stay
+  void ForgetHandles() { handles_ = {}; }
+  [[nodiscard]] const String& FileName(std::int32_t kind) const { return files_[static_cast<std::size_t>(kind)]; }
+
+ private:
+  static constexpr std::size_t kKinds = 4;
+
+  std::array<String, kKinds> files_;
+  std::array<SoundHandle, kKinds> handles_{};
+};
+
+}  // namespace qen

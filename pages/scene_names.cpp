@@ -1,0 +1,36 @@
+#include "pages/scene_names.h"
+
+#include <unordered_map>
+
+namespace qen {
+namespace {
+
+std::unordered_map<String, ISceneUser*>& Holders() {
+  static std::unordered_map<String, ISceneUser*> holders;
+  return holders;
+}
+
+}  // namespace
+
+void SceneNames::Claim(const String& file, ISceneUser& user) {
+  baseName_ = file.substr(file.rfind(u'\\') + 1);
+  guiScene_ = baseName_ + u"_gui";
+  scene_ = baseName_ + u"_scene";
+  ISceneUser*& holder = Holders()[baseName_];
+  if (holder != nullptr && holder != &user) holder->LoseScene();
+  holder = &user;
+}
+
+void SceneNames::Release(ISceneUser& user) {
+  const auto found = Holders().find(baseName_);
+  if (found == Holders().end()) return;
+  if (found->second != &user) found->second->LoseScene();
+  Holders().erase(found);
+}
+
+void SceneNames::Forget(ISceneUser& user) {
+  const auto found = Holders().find(baseName_);
+  if (found != Holders().end() && found->second == &user) Holders().erase(found);
+}
+
+}  // namespace qen

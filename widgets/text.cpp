@@ -1,0 +1,217 @@
+#include "widgets/text.h"
+
+#include "engine/drawing.h"
+#include "engine/font.h"
+#include "engine/gui.h"
+#include "engine/ime.h"
+#include "engine/item_info.h"
+#include "engine/mesh.h"
+#include "engine/scene_node.h"
+#include "engine/string_converter.h"
+#include "engine/system.h"
+#include "widgets/caret.h"
+#include "widgets/child_nodes.h"
+#include "widgets/hit_test.h"
+#include "widgets/key_codes.h"
+#include "widgets/numbers.h"
+#include "widgets/slide_bar.h"
+#include "widgets/text_source.h"
+#include "widgets/widget_state.h"
+
+namespace qen {
+namespace {
+
+constexpr ICGUIText::Colors kDefaultColors{0x00FFFFFF, 0x000000FF, 0x0000FFFF, 0x00A0A0A0, 0, 0};
+constexpr double kMeasuresPerUnit = 38.0;  // GetTextRect of 3D text
+
+bool IsLowSurrogate(Char c) { return (c & 0xFC00U) == 0xDC00U; }
+bool IsHighSurrogate(Char c) { return (c & 0xFC00U) == 0xD800U; }
+
+void RemoveLastCharacter(String& text) {
+  if (text.empty()) return;
+  const bool pair = text.size() > 1 && IsLowSurrogate(text.back()) && IsHighSurrogate(text[text.size() - 2]);
+  text.resize(text.size() - (pair ? 2 : 1));
+}
+
+// The box's size in whole world units, moved down by what is scrolled.
+Rect VisibleArea(const AABB& box, float scrolled) {
+  const auto top = Truncate<std::int16_t>(static_cast<double>(scrolled));
+  const auto width = Truncate<std::int16_t>(2.0 * static_cast<double>(box.halfSize.x));
+  const auto height = Truncate<std::int16_t>(2.0 * static_cast<double>(box.halfSize.z));
+  return {0, top, width, Truncate<std::int16_t>(static_cast<double>(height) + top)};
+}
+
+}  // namespace
+
+CGUIText::CGUIText(const IChildNodes& nodes) : nodes_(nodes) {}
+
+CGUIText::~CGUIText() { DestroyFont(); }
+
+void CGUIText::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* const* ownNode) {
+  page = ownPage;
+  info = ownInfo;
+  node = ownNode != nullptr ? *ownNode : nullptr;
+  BindLayoutBox();
+  colors_ = kDefaultColors;
+  fontDesc_.lfHeight = -21;
+  fontDesc_.lfWeight = 700;
+  fontDesc_.SetFaceName(u"Courier");
+  RecreateFont();
+  if (node == nullptr) return;
+  hook_.LetWidgetDrawInstead();
+  TMNode* barNode = nullptr;
+  std::int32_t position = -1;
+  if (!nodes_.FindChildNode(node, u"slidery", barNode, position)) return;
+  slideBar_ = std::make_unique<CGUISlideBar>(nodes_);
+  slideBar_->Create(page, info, &barNode);
+}
+
+void CGUIText::BindLayoutBox() {
+  textMatrix_.SetIdentity();
+  if (node == nullptr) return;
+  if (nodes_.FindChildNode(node, u"normal", normalNode, normalIndex)) {
+    format_ = DT_WORDBREAK | DT_EXPANDTABS;
+    const AABB box = normalNode->mesh != nullptr ? normalNode->mesh->GetAABB() : AABB{};
+    textMatrix_.SetTranslation({box.center.x - box.halfSize.x, box.center.z + box.halfSize.z, 0.0F});
+  } else {
+    format_ = DT_NOCLIP;
+    normalNode = node;
+    normalIndex = nodes_.NodePosition(node);
+  }
+  hook_.Attach(*normalNode, *info, this);
+}
+
+void CGUIText::RecreateFont() {
+  DestroyFont();
+  FontManager* fonts = FontManager::GetSingleton();
+  if (fonts == nullptr) return;
+  font_ = fonts->CreateEx(fontDesc_.lfFaceName, fontDesc_.lfHeight, fontDesc_.lfWidth, fontDesc_.lfWeight,
+                          fontDesc_.IsItalic(), 1, kDefaultGroup);
+}
+
+void CGUIText::DestroyFont() {
+  FontManager* fonts = FontManager::GetSingleton();
+  if (font_ != nullptr && fonts != nullptr) fonts->Destroy(font_);
+  font_ = nullptr;
+}
+
+PickResult* CGUIText::Update(const Ray& ray) {
+  if (normalNode == nullptr) return nullptr;
+  ShowNodes(0);
+  if (info->visible == 0) {
+    state = widget_state::kHidden;
+    return nullptr;
+  }
+  if (font_ == nullptr) return nullptr;
+  if (slideBar_) slideBar_->Update(ray);
+  hook_.Show(true);
+  const bool clicked = info->mouseState == mouse_state::kReleased && info->disabled == 0 && HitsNode(ray, *normalNode);
+  if (clicked && editable_ != 0) state = widget_state::kEditing;
+  if (state != widget_state::kEditing) return nullptr;
+  if (System::ime != nullptr) System::ime->Enable(true);
+  TakeKey();
+  return nullptr;
+}
+
+void CGUIText::TakeKey() {
+  switch (info->key) {
+    case 0:
+      break;
+    case key_code::kBackspace:
+      RemoveLastCharacter(editText_);
+      break;
+    case key_code::kEnter:
+      state = widget_state::kHidden;
+      break;
+    default:
+      if (maxChars_ > 0 && editText_.size() < static_cast<std::size_t>(maxChars_)) editText_ += info->key;
+  }
+}
+
+float CGUIText::LineHeight() const {
+  TextMetric metric;
+  if (font_ != nullptr) font_->GetTextMetric(metric);
+  return static_cast<float>(metric.tmHeight) * kScale;
+}
+
+void CGUIText::Render(const Matrix4x4& world, const AABB& box) {
+  if (font_ == nullptr) return;
+  Drawing drawing;
+  drawing.BeginText3D(kScale);
+  drawing.SetFont(font_);
+
+  const float lineHeight = LineHeight();
+  const float scrolled = slideBar_ ? static_cast<float>(info->position) * lineHeight : 0.0F;
+  Matrix4x4 matrix = world * textMatrix_;
+  matrix.SetTranslation(matrix.GetTranslation() + Vec3{0.0F, scrolled - lineHeight, 0.0F});
+  const Rect area = VisibleArea(box, scrolled);
+  const std::uint32_t format = format_ | (centered_ != 0 ? DT_CENTER : 0U);
+  const String& words = ShownText();
+  DrawWords(drawing, matrix, area, format, words);
+  if (slideBar_) UpdateScrollRange(drawing, box, format, words);
+  drawing.EndText();
+}
+
+const String& CGUIText::ShownText() {
+  if (editable_ == 0 && state != widget_state::kEditing) return textId_ == -1 ? ownText_ : Words(textId_);
+  shownText_ = editable_ != 0 ? editText_ : textId_ == -1 ? ownText_ : Words(textId_);
+  if (state == widget_state::kEditing && IsCaretShown()) shownText_ += u'|';
+  return shownText_;
+}
+
+void CGUIText::DrawWords(Drawing& drawing, const Matrix4x4& matrix, const Rect& area, std::uint32_t format,
+                         const String& words) const {
+  const bool onMouse = state == widget_state::kOnMouse;
+  if (shadowOffset_ != 0.0F) {
+    const float offset = shadowOffset_ * 0.1F;
+    Matrix4x4 shadow = matrix;
+    shadow.SetTranslation(matrix.GetTranslation() + Vec3{offset, -offset, offset});
+    drawing.DrawText3D(shadow, area, format, Opaque(colors_[onMouse ? kShadowOnMouse : kShadow]), words.c_str());
+  }
+  const std::uint32_t color = colors_[onMouse ? kOnMouse : info->disabled != 0 ? kDisabled : kNormal];
+  drawing.DrawText3D(matrix, area, format, Opaque(color), words.c_str());
+}
+
+Color CGUIText::Opaque(std::uint32_t abgr) const { return Color(Color::ABGRToARGB(alpha_ | abgr)); }
+
+void CGUIText::UpdateScrollRange(Drawing& drawing, const AABB& box, std::uint32_t format, const String& words) {
+  const auto lineHeight = static_cast<double>(LineHeight());
+  const Rect width{0, 0, Truncate<std::int16_t>(2.0 * static_cast<double>(box.halfSize.x)), 0};
+  const Rect measured = drawing.GetTextRect(width, format, u"%s", words.c_str());
+  const double hidden = measured.bottom / kMeasuresPerUnit - 2.0 * static_cast<double>(box.halfSize.z);
+  info->min = 0;
+  info->max = lineHeight > 0.0 ? Truncate<std::int32_t>(hidden / lineHeight) : 0;
+}
+
+void CGUIText::Release() {
+  if (slideBar_) slideBar_->Release();
+  slideBar_.reset();
+  hook_.Detach();
+  DestroyFont();
+}
+
+void CGUIText::ShowNodes(std::uint32_t shown) {
+  hook_.Show(shown != 0);
+  if (slideBar_) slideBar_->ShowNodes(shown);
+}
+
+void CGUIText::SetNumber(std::int32_t number) { StoreText(StringConverter::ToString(number)); }
+
+void CGUIText::SetText(const Char* words) { StoreText(words != nullptr ? words : u""); }
+
+void CGUIText::SetText(const char* words) {
+  const std::string_view bytes = words != nullptr ? words : "";
+  String wide;
+  for (const char byte : bytes) wide += static_cast<Char>(static_cast<unsigned char>(byte));
+  StoreText(wide);
+}
+
+void CGUIText::StoreText(const String& words) {
+  if (textId_ == -1) {
+    ownText_ = words;
+  } else if (System::gui != nullptr) {
+    System::gui->SetLanguageText(textId_, words);
+  }
+}
+
+}  // namespace qen
