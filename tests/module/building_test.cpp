@@ -1,0 +1,198 @@
+// From scene nodes to widgets.
+#include "engine/scene.h"
+#include "engine/scene_manager.h"
+#include "engine/system.h"
+#include "tests/module/gui_fixture.h"
+
+namespace qen::test {
+namespace {
+
+class Building : public GuiTest {
+ protected:
+  ICGUIPageObject* OpenScene(const String& file, base::SceneData scene) {
+    engine.AddScene(file, std::move(scene));
+    AddText(u"page.txt", u"name " + file);
+    return OpenPage(u"page.txt");
+  }
+};
+
+TEST_F(Building, MakesAWidgetOfEachMarkedNode) {
+  base::SceneData scene;
+  AddButton(scene, u"Start", {});
+  base::AddNode(scene, u"~tTitle");
+  base::AddNode(scene, u"~xFoo");
+  base::AddNode(scene, u"~BLoud");
+  base::AddNode(scene, u"~");
+  base::AddNode(scene, u"~qslot");
+  base::AddNode(scene, u"Plain");
+  base::AddNode(scene, u"~llist");
+  ICGUIPageObject* page = OpenScene(u"menus\\main.sce", std::move(scene));
+  ASSERT_EQ(page->items.size(), 3U);
+  EXPECT_EQ(page->items[0]->info->name, u"~bstart");
+  EXPECT_EQ(page->items[0]->info->type, widget_type::kButton);
+  EXPECT_EQ(page->items[1]->info->name, u"~ttitle");
+  EXPECT_EQ(page->items[1]->GetId(), 1);
+  EXPECT_EQ(page->items[2]->info->tooltip, -1);
+  EXPECT_EQ(page->items[2]->info->visible, 1U);
+  EXPECT_EQ(page->baseName, u"main.sce");
+  EXPECT_EQ(page->name, u"menus\\main.sce");
+}
+
+TEST_F(Building, AsksTheSceneManagerInOrder) {
+  base::SceneData scene;
+  base::AddNode(scene, u"Root");
+  engine.calls.clear();
+  OpenScene(u"a\\b.sce", std::move(scene));
+  std::vector<std::string> names;
+  for (const base::Call& call : engine.calls) {
+    if (call.name.starts_with("ISceneMng") || call.name.starts_with("SimpleScene")) {
+      names.push_back(call.name);
+      if (!call.arguments.empty() && std::holds_alternative<std::string>(call.arguments[0])) {
+        names.back() += " " + std::get<std::string>(call.arguments[0]);
+      }
+    }
+  }
+  const std::vector<std::string> wanted{"ISceneMng::RemoveSimpleScene b.sce_gui",
+                                        "ISceneMng::DestroyScene b.sce_scene",
+                                        "ISceneMng::CreateScene b.sce_scene",
+                                        "SimpleScene::SimpleScene CGUIPage",
+                                        "SimpleScene::Load",
+                                        "ISceneMng::AddSimpleScene b.sce_gui",
+                                        "ISceneMng::AddLight b.sce_scene",
+                                        "ISceneMng::CreateInstance b.sce_scene",
+                                        "ISceneMng::DisableScene b.sce_scene"};
+  ASSERT_GE(names.size(), wanted.size());
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    EXPECT_EQ(names[i].substr(0, wanted[i].size()), wanted[i]) << "call " << i;
+  }
+}
+
+TEST_F(Building, StatesFallBackToTheNormalNode) {
+  base::SceneData scene;
+  const std::int32_t node = base::AddNode(scene, u"~bBare");
+  base::AddBox(scene, u"NORMAL_mesh", node, {}, {5, 5, 1});
+  base::AddBox(scene, u"on", node, {}, {5, 5, 1});
+  const std::int32_t group = base::AddNode(scene, u"group", node);
+  base::AddBox(scene, u"disabled", group, {}, {5, 5, 1});
+  OpenScene(u"s.glb", std::move(scene));
+  ICGUIObject* bare = Find(u"~bbare");
+  ASSERT_NE(bare->normalNode, nullptr);
+  EXPECT_EQ(bare->onMouseNode, bare->normalNode) << "a shorter name is no match";
+  EXPECT_EQ(bare->onMouseIndex, -1);
+  EXPECT_EQ(bare->disabledNode, bare->normalNode) << "grandchildren do not count";
+  ShowOnly(0);
+  Hover(*bare);
+  Frame();
+  EXPECT_TRUE(IsDrawn(u"NORMAL_mesh"));
+  EXPECT_TRUE(IsDrawn(u"on")) << "no widget's node: drawn as decoration";
+  bare->info->disabled = 1;
+  Frame();
+  EXPECT_TRUE(IsDrawn(u"NORMAL_mesh"));
+}
+
+TEST_F(Building, WidgetsWithoutTheirNodesAreInert) {
+  base::SceneData scene;
+  for (const StringView name : {u"~bempty", u"~cempty", u"~lempty", u"~pempty", u"~sempty", u"~tempty"}) {
+    base::AddNode(scene, name);
+  }
+  ICGUIPageObject* page = OpenScene(u"s.glb", std::move(scene));
+  ASSERT_EQ(page->items.size(), 6U);
+  ShowOnly(0);
+  Press();
+  Frame();
+  ReleaseButton();
+  Frame();
+  Send(message::kKey, u'x');
+  DrawPages();
+  gui->FocusNext();
+  gui->FocusPrev();
+  for (ICGUIObject* widget : page->items) {
+    Matrix4x4 matrix = Matrix4x4::Identity;
+    AABB box;
+    widget->GetMatrix(matrix);
+    widget->SetMatrix(matrix);
+    widget->GetAABB(box);
+    widget->ShowNodes(1);
+  }
+}
+
+TEST_F(Building, NodesOfTheSameNameShareOneNodeSafely) {
+  base::SceneData scene;
+  AddButton(scene, u"twin", {});
+  AddButton(scene, u"twin", {40, 0, 0});
+  ICGUIPageObject* page = OpenScene(u"s.glb", std::move(scene));
+  ASSERT_EQ(page->items.size(), 2U);
+  EXPECT_EQ(gui->FindObjects(u"~btwin").size(), 2U);
+  ShowOnly(0);
+  Frame();
+  DrawPages();
+}
+
+TEST_F(Building, PagesOfTheSameBaseNameStaySafe) {
+  AddButtonPage(u"same", {u"ok"}, u"anim_in move.glb");
+  engine.AddAnimation(u"move.glb", base::MoveNode(u"~bok", {}, {0, 10, 0}, 1.0F));
+  AddText(u"second.txt", u"name same.glb anim_in move.glb");
+  ICGUIPageObject* first = OpenPage(u"same.txt");
+  OpenPage(u"second.txt");
+  gui->GetActivePages() = {0, 1};
+  gui->GetRenderPages() = {0, 1};
+  for (std::uint32_t page = 0; page < 2; ++page) gui->GetPage(page)->PlayAnim(0, false);
+  Frame();
+  DrawPages();
+  first->Unload();
+  Frame();
+  DrawPages();
+  EXPECT_EQ(first->FindNodeMatrix(u"~bok"), nullptr);
+}
+
+// Refuses one kind of call, as a scene manager out of memory does.
+class RefusingScenes final : public ISceneMng {
+ public:
+  enum Refusal { kScene, kSimpleScene, kInstance, kInstanceObject };
+
+  RefusingScenes(ISceneMng& real, Refusal refusal) : real_(real), refusal_(refusal) {}
+
+  bool CreateScene(const String& s, bool e) override { return refusal_ != kScene && real_.CreateScene(s, e); }
+  void DestroyScene(const String& s) override { real_.DestroyScene(s); }
+  void DisableScene(const String& s, bool d) override { real_.DisableScene(s, d); }
+  bool AddSimpleScene(const String& n, SimpleScene* s) override {
+    return refusal_ != kSimpleScene && real_.AddSimpleScene(n, s);
+  }
+  void RemoveSimpleScene(const String& n) override { real_.RemoveSimpleScene(n); }
+  bool AddLight(const String& s, Light* l, const AttachDesc& a) override { return real_.AddLight(s, l, a); }
+  std::int32_t CreateInstance(const String& s, const String& n, const Matrix4x4& m, const InstanceDesc& d,
+                              const AttachDesc& a) override {
+    return refusal_ == kInstance ? -1 : real_.CreateInstance(s, n, m, d, a);
+  }
+  void DestroyInstance(std::int32_t i) override { real_.DestroyInstance(i); }
+  InstanceObject* GetInstance(std::int32_t i) override {
+    return refusal_ == kInstanceObject ? nullptr : real_.GetInstance(i);
+  }
+
+ private:
+  ISceneMng& real_;
+  Refusal refusal_;
+};
+
+TEST_F(Building, GoesOnWhenTheSceneManagerRefuses) {
+  AddButtonPage(u"menu", {u"ok"}, u"item ~bok { tooltip 4 }");
+  ISceneMng* real = System::sceneMng;
+  std::uint32_t page = 0;
+  for (const auto refusal : {RefusingScenes::kScene, RefusingScenes::kSimpleScene, RefusingScenes::kInstance,
+                             RefusingScenes::kInstanceObject}) {
+    RefusingScenes refusing(*real, refusal);
+    System::sceneMng = &refusing;
+    OpenPage(u"menu.txt");
+    ShowOnly(page);
+    Frame();
+    DrawPages();
+    const bool built = refusal == RefusingScenes::kInstance || refusal == RefusingScenes::kInstanceObject;
+    EXPECT_EQ(gui->GetPageItems(page).size(), built ? 1U : 0U);
+    gui->GetPage(page)->Unload();
+    System::sceneMng = real;
+    ++page;
+  }
+}
+
+}  // namespace
+}  // namespace qen::test

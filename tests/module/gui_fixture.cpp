@@ -1,0 +1,138 @@
+#include "tests/module/gui_fixture.h"
+
+#include <dlfcn.h>
+
+#include "engine/mesh.h"
+#include "engine/msg_daemon.h"
+#include "engine/render.h"
+#include "engine/scene.h"
+#include "engine/system.h"
+
+namespace qen::test {
+
+Module::Module() : library_(dlopen(GUI_MODULE_FILE, RTLD_NOW | RTLD_LOCAL)) {
+  if (library_ == nullptr) throw std::runtime_error(dlerror());
+}
+
+Module::~Module() { dlclose(library_); }
+
+void* Module::Symbol(const char* name) const {
+  void* symbol = dlsym(library_, name);
+  if (symbol == nullptr) throw std::runtime_error(dlerror());
+  return symbol;
+}
+
+std::int32_t Listener::OnMessage(const Msg& message) {
+  if (message.id != message::kCommand && message.id != message::kNotification) return 0;
+  auto& record = *reinterpret_cast<GuiMessage*>(message.second);
+  records.push_back({message.id, record});
+  if (onRecord) onRecord(message.id, record);
+  return 0;
+}
+
+std::vector<String> Listener::Texts() const {
+  std::vector<String> texts;
+  for (const Record& entry : records) texts.push_back(entry.record.command + u":" + entry.record.argument);
+  return texts;
+}
+
+std::int32_t AddButton(base::SceneData& scene, const String& name, const Vec3& place, std::int32_t parent) {
+  const std::int32_t node = base::AddNode(scene, u"~b" + name, parent, place);
+  for (const StringView state : {u"normal", u"onmouse", u"disabled"}) {
+    base::AddBox(scene, String(state) + u"_" + name, node, {}, {10.0F, 5.0F, 1.0F});
+  }
+  return node;
+}
+
+std::string Narrow(StringView text) { return base::ToUtf8(text); }
+
+GuiTest::GuiTest() {
+  gui = module.Export<ActivateDllFunction>(kActivateDll)();
+  System::gui = gui;
+  System::daemon->AddHandler(&listener, 0x80000000U);
+}
+
+GuiTest::~GuiTest() {
+  System::daemon->RemoveHandler(&listener, category::kAll);
+  module.Export<DeactivateDllFunction>(kDeactivateDll)();
+  System::gui = nullptr;
+}
+
+void GuiTest::AddButtonPage(const String& name, const std::vector<String>& buttons, StringView definition) {
+  base::SceneData scene;
+  float x = 0.0F;
+  for (const String& button : buttons) {
+    AddButton(scene, button, {x, 0.0F, 0.0F});
+    x += 30.0F;
+  }
+  engine.AddScene(name + u".glb", std::move(scene));
+  AddText(name + u".txt", u"name \"" + name + u".glb\"\n" + String(definition));
+}
+
+ICGUIPageObject* GuiTest::OpenPage(const String& file) {
+  gui->AddPage(file.c_str(), &engine.camera);
+  gui->SetViewport(&engine.viewport);
+  return gui->GetPage(gui->GetPageCount() - 1);
+}
+
+void GuiTest::ShowOnly(std::uint32_t page) {
+  gui->GetActivePages() = {page};
+  gui->GetRenderPages() = {page};
+  gui->GetPage(page)->Disable(false);
+}
+
+void GuiTest::Send(std::uint32_t id, std::uint32_t first, const void* second) {
+  System::daemon->ProcMsg(id, first, reinterpret_cast<std::uintptr_t>(second), category::kGui);
+}
+
+void GuiTest::Frame(double seconds) {
+  engine.Animate(seconds);
+  Send(message::kFrame);
+  Deliver();
+}
+
+void GuiTest::MoveTo(base::Point client) {
+  engine.window.cursor = {client.x + engine.window.origin.x, client.y + engine.window.origin.y};
+  Send(message::kMouseMove);
+}
+
+base::Point GuiTest::ProjectMiddle(ICGUIObject& widget) const {
+  Matrix4x4 world = Matrix4x4::Identity;
+  AABB box;
+  widget.GetMatrix(world);
+  widget.GetAABB(box);
+  const Vec3 middle = world * box.center;
+  const Vec4 seen =
+      Vec4{middle.x, middle.y, middle.z, 1.0F} * (engine.camera.GetView() * engine.camera.GetProjection());
+  const auto width = static_cast<float>(engine.window.size.x);
+  const auto height = static_cast<float>(engine.window.size.y);
+  return {static_cast<std::int32_t>(std::lround((seen.x / seen.w + 1.0F) * 0.5F * width)),
+          static_cast<std::int32_t>(std::lround((1.0F - seen.y / seen.w) * 0.5F * height))};
+}
+
+void GuiTest::Hover(ICGUIObject& widget) { MoveTo(ProjectMiddle(widget)); }
+
+void GuiTest::Click(ICGUIObject& widget) {
+  Hover(widget);
+  Frame();
+  Press();
+  Frame();
+  ReleaseButton();
+  Frame();
+}
+
+void GuiTest::DrawPages() {
+  engine.Draw([this] { Send(message::kRender, 0, gui->GetViewport()); });
+}
+
+bool GuiTest::IsDrawn(const String& node, std::uint32_t page) {
+  const TMNode* wanted = gui->GetPage(page)->FindNode(node.c_str());
+  if (wanted == nullptr || wanted->mesh == nullptr) ADD_FAILURE() << "no such mesh: " << Narrow(node);
+  DrawPages();
+  for (const base::DrawItem& item : engine.render.frame.items) {
+    if (item.kind == base::DrawKind::Mesh && item.entry.subMesh == wanted->mesh->GetSubMesh(0)) return true;
+  }
+  return false;
+}
+
+}  // namespace qen::test

@@ -1,0 +1,108 @@
+// The module, loaded as a host loads it, on an engine without devices.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/recording/recording_engine.h"
+#include "base/recording/scene_builder.h"
+#include "base/utf.h"
+#include "engine/aabb.h"
+#include "engine/gui.h"
+#include "engine/gui_module.h"
+#include "engine/gui_page_object.h"
+#include "engine/gui_widgets.h"
+#include "engine/item_info.h"
+#include "engine/matrix.h"
+#include "engine/messages.h"
+#include "engine/pick_result.h"
+#include "engine/scene_node.h"
+
+namespace qen::test {
+
+// The loaded library. Each one begins with fresh module-wide state.
+class Module {
+ public:
+  Module();
+  ~Module();
+  Module(const Module&) = delete;
+  Module& operator=(const Module&) = delete;
+
+  template <class Function>
+  Function Export(const char* name) const {
+    return reinterpret_cast<Function>(Symbol(name));
+  }
+
+ private:
+  void* Symbol(const char* name) const;
+
+  void* library_;
+};
+
+// Takes every message, as a game module does.
+class Listener final : public Object {
+ public:
+  struct Record {
+    std::uint32_t id;
+    GuiMessage record;
+  };
+
+  std::int32_t OnMessage(const Msg& message) override;
+
+  std::function<void(std::uint32_t id, GuiMessage& record)> onRecord;  // may set the handled flag
+  std::vector<Record> records;                                         // command and notification records, copied
+
+  // The words and arguments of the records, as "word:argument".
+  [[nodiscard]] std::vector<String> Texts() const;
+};
+
+// A button of 20 x 10 units: "~b<name>" with its states, at a place in the x-y plane.
+std::int32_t AddButton(base::SceneData& scene, const String& name, const Vec3& place, std::int32_t parent = -1);
+
+// Puts what tests print into readable form.
+std::string Narrow(StringView text);
+
+class GuiTest : public ::testing::Test {
+ protected:
+  GuiTest();
+  ~GuiTest() override;
+
+  void AddText(StringView file, StringView text) { engine.files.AddText(file, text); }
+
+  // A page file and a scene of buttons side by side, both under `name`.
+  void AddButtonPage(const String& name, const std::vector<String>& buttons, StringView definition = u"");
+
+  // Adds the page and gives it the viewport.
+  ICGUIPageObject* OpenPage(const String& file);
+
+  // Draws and updates only this page from now on.
+  void ShowOnly(std::uint32_t page);
+
+  void Send(std::uint32_t id, std::uint32_t first = 0, const void* second = nullptr);
+  void Frame(double seconds = 1.0 / 60);  // animates, updates, delivers
+  void Deliver() { Send(message::kDeliverQueue); }
+  void Press() { Send(message::kButtonDown, 1); }
+  void ReleaseButton() { Send(message::kButtonUp, 1); }
+
+  void MoveTo(base::Point client);
+  // Moves the cursor onto the middle of the widget's box.
+  void Hover(ICGUIObject& widget);
+  base::Point ProjectMiddle(ICGUIObject& widget) const;
+  void Click(ICGUIObject& widget);
+
+  ICGUIObject* Find(const String& name, std::uint32_t page = 0) const { return gui->FindObject(page, name.c_str()); }
+  // Whether the node is drawn by the last frame of `DrawPages`.
+  bool IsDrawn(const String& node, std::uint32_t page = 0);
+  void DrawPages();
+
+  base::RecordingEngine engine;
+  Module module;
+  IGui* gui = nullptr;
+  Listener listener;
+};
+
+}  // namespace qen::test
