@@ -1,0 +1,273 @@
+#include "engine/drawing.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "base/recording/recording_engine.h"
+#include "base/utf.h"
+#include "engine/font.h"
+#include "engine/material.h"
+#include "engine/render.h"
+#include "engine/system.h"
+#include "engine/texture.h"
+
+namespace qen {
+namespace {
+
+using namespace base;
+
+constexpr std::uint32_t kWrap = DT_WORDBREAK | DT_EXPANDTABS;
+
+// The test font has cells of 20 x 10 pixels, its base line 16 below the top.
+class DrawingTest : public testing::Test {
+ protected:
+  DrawingTest() { drawing.SetFont(font); }
+
+  // The characters' quads in the last frame: the column and the row of their left top corners in cells.
+  [[nodiscard]] std::map<std::pair<float, float>, int> Cells2D() const {
+    std::map<std::pair<float, float>, int> cells;
+    const auto& vertices = engine.render.frame.vertices;
+    for (std::size_t i = 0; i < vertices.size(); i += 6) {
+      ++cells[{vertices[i].position.x / 10.0F, vertices[i].position.y / 20.0F}];
+    }
+    return cells;
+  }
+
+  // What a text looks like wrapped at `columns` characters, a line of marks for each line: "##.#" where blanks are
+  // dots.
+  std::vector<std::string> Wrapped(const Char* text, float columns, std::uint32_t flags = kWrap) {
+    engine.Draw([&] {
+      drawing.BeginText3D(1.0F);
+      drawing.DrawText3D(Matrix4x4::Identity, columns * 10.0F, 1e6F, flags, Color(0), text);
+      drawing.EndText();
+    });
+    std::vector<std::string> lines;
+    const auto& vertices = engine.render.frame.vertices;
+    for (std::size_t i = 0; i < vertices.size(); i += 6) {
+      const auto row = static_cast<std::size_t>((20.0F - vertices[i].position.z) / 20.0F);
+      const auto column = static_cast<std::size_t>(vertices[i].position.x / 10.0F);
+      if (lines.size() <= row) lines.resize(row + 1);
+      lines[row].resize(std::max(lines[row].size(), column + 1), '.');
+      lines[row][column] = '#';
+    }
+    return lines;
+  }
+
+  Rect Measured(std::uint32_t flags, std::int16_t width, const Char* text) {
+    return drawing.GetTextRect({0, 0, width, 0}, flags, u"%s", text);
+  }
+
+  RecordingEngine engine;
+  Font* font = FontManager::GetSingleton()->CreateEx(u"Test", -20, 0, 400, false, 1, kDefaultGroup);
+  Drawing drawing;
+};
+
+void ExpectRect(const Rect& rect, int left, int top, int right, int bottom) {
+  EXPECT_EQ(rect.left, left);
+  EXPECT_EQ(rect.top, top);
+  EXPECT_EQ(rect.right, right);
+  EXPECT_EQ(rect.bottom, bottom);
+}
+
+using Lines = std::vector<std::string>;
+
+TEST_F(DrawingTest, BreaksLines) {
+  const struct {
+    const Char* text;
+    float columns;
+    Lines lines;
+  } kCases[] = {
+      {u"abc def", 7, {"###.###"}},
+      {u"abc def", 6, {"###", "###"}},
+      {u"abc def", 3, {"###", "###"}},    // the blank hangs
+      {u"abc   def", 5, {"###", "###"}},  // all of them
+      {u"ab cd ef", 5, {"##.##", "##"}},
+      {u"abcdefgh", 3, {"###", "###", "##"}},  // a word that is too long
+      {u"a bcdefgh i", 3, {"#", "###", "###", "#.#"}},
+      {u"ab\ncd", 9, {"##", "##"}},
+      {u"ab\r\n\r\ncd", 9, {"##", "", "##"}},
+      {u"abc", 0.5F, {"#", "#", "#"}},             // a cluster a line, however narrow
+      {u"e\u0301e\u0301e\u0301", 2, {"##", "#"}},  // marks stay with their letters
+      {u"\U00020000\U00020001\U00020002", 2, {"##", "#"}},
+      {u"漢字漢字漢", 3, {"###", "##"}},
+      {u"ab漢字", 3, {"###", "#"}},
+      {u"漢字漢。字", 3, {"##", "###"}},  // no full stop at the beginning
+      {u"漢字「漢字", 3, {"##", "###"}},  // no opening bracket at the end
+      {u"漢　字", 1, {"#", "#"}},
+      {u"a\tb", 20, {"#.......#"}},  // a tab stop every eight characters
+      {u"abcdefgh\tb", 20, {"########........#"}},
+      {u"a\tb", 6, {"#", "#"}},
+      {u"a b", 0, {"#.#"}},  // no width, no wrapping
+  };
+  for (const auto& c : kCases) EXPECT_EQ(Wrapped(c.text, c.columns), c.lines) << ToUtf8(c.text) << " in " << c.columns;
+  EXPECT_EQ(Wrapped(u"abc def", 3, 0), Lines{"###.###"});
+  EXPECT_EQ(Wrapped(u"ab\ncd\te", 3, kWrap | DT_SINGLELINE), Lines{"##.##...#"});
+  EXPECT_EQ(Wrapped(u"a\tb", 9, DT_WORDBREAK), Lines{"#.#"}) << "tabs are blanks unless expanded";
+}
+
+TEST_F(DrawingTest, Measures) {
+  drawing.BeginText2D();
+  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 40, 20);
+  ExpectRect(Measured(0, 0, u"ab \nc"), 0, 0, 30, 40);
+  ExpectRect(Measured(0, 0, u""), 0, 0, 0, 20);
+  ExpectRect(Measured(DT_SINGLELINE, 0, u"ab\nc"), 0, 0, 40, 20);
+  ExpectRect(Measured(kWrap, 30, u"abc def ghi"), 0, 0, 30, 60);
+  ExpectRect(drawing.GetTextRect({5, -7, 100, 0}, 0, u"%d", 42), 5, -7, 25, 13);
+  drawing.BeginText3D(0.14F);
+  ExpectRect(Measured(kWrap, 5, u"abc def ghi"), 0, 0, 160, 320);  // 30 x 0.14 x 38 = 159.6, 60 x 0.14 x 38 = 319.2
+  drawing.BeginText3D(1.0F);
+  ExpectRect(Measured(0, 0, String(100, u'x').c_str()), 0, 0, 32767, 760);
+  drawing.EndText();
+  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 0, 0);
+  drawing.SetFont(nullptr);
+  drawing.BeginText2D();
+  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 0, 0);
+}
+
+TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
+  engine.Draw([&] {
+    drawing.BeginText2D();
+    drawing.DrawText2D(100, 40, Color(0x80FF0000), u"%c %s\n%d", u'a', u"b", 7);
+    drawing.EndText();
+    drawing.DrawText2D(0, 0, Color(0), u"outside of begin and end");
+  });
+  EXPECT_EQ(Cells2D(), (std::map<std::pair<float, float>, int>{{{10, 2}, 1}, {{12, 2}, 1}, {{10, 3}, 1}}));
+  ASSERT_EQ(engine.render.frame.items.size(), 1U) << "one item for one texture";
+  const DrawItem& item = engine.render.frame.items[0];
+  EXPECT_EQ(item.kind, DrawKind::Triangles2D);
+  EXPECT_EQ(item.textureUse, TextureUse::Coverage);
+  EXPECT_EQ(item.texture, FakeFonts::kBitmapTexture);
+  EXPECT_EQ(item.vertexCount, 18U);
+  EXPECT_EQ(engine.render.frame.vertices[0].argb, 0x80FF0000U);
+}
+
+TEST_F(DrawingTest, Text3DStandsOnItsMatrix) {
+  Matrix4x4 matrix = Matrix4x4::Identity;
+  matrix.SetTranslation({7, 8, 50});
+  Matrix4x4 view = Matrix4x4::Identity;
+  view.SetTranslation({0, 0, 100});
+  engine.Draw([&] {
+    System::render->SetProjection(Matrix4x4::Identity);
+    System::render->SetView(view);
+    drawing.BeginText3D(0.5F);
+    drawing.DrawText3D(matrix, Rect{2, 0, 52, 40}, DT_CENTER, Color(1), u"ab\ncdef");
+  });
+  const DrawItem& item = engine.render.frame.items.at(0);
+  EXPECT_EQ(item.textureUse, TextureUse::DistanceField);
+  EXPECT_EQ(item.kind, DrawKind::Triangles3D);
+  EXPECT_EQ(item.distance, 150.0F);
+  EXPECT_EQ(item.world.GetTranslation(), (Vec3{7, 8, 50}));
+  const auto& v = engine.render.frame.vertices;
+  // Two characters of 5 units centred in 50 begin at 20 behind the left side; the cell is 10 high above the origin.
+  EXPECT_EQ(v.at(0).position, (Vec3{22, 0, 10}));
+  EXPECT_EQ(v.at(4).position, (Vec3{27, 0, 0}));
+  EXPECT_EQ(v.at(12).position, (Vec3{17, 0, 0})) << "the second line, four characters";
+}
+
+TEST_F(DrawingTest, TheWindowCutsGlyphs) {
+  engine.Draw([&] {
+    drawing.BeginText3D(1.0F);
+    drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 25, 100, 65}, 0, Color(1), u"a\nb\nc\nd\ne");
+  });
+  const auto& v = engine.render.frame.vertices;
+  ASSERT_EQ(v.size(), 18U) << "of five lines, b to d are in sight";
+  EXPECT_EQ(v[0].position, (Vec3{0, 0, -5}));  // 25 below the first cell's top
+  EXPECT_EQ(v[0].v, 0.25F);
+  EXPECT_EQ(v[4].position, (Vec3{10, 0, -20}));
+  EXPECT_EQ(v[4].v, 1.0F);
+  EXPECT_EQ(v[6].v, 0.0F);
+  EXPECT_EQ(v[16].position, (Vec3{10, 0, -45}));  // 65 below
+  EXPECT_EQ(v[16].v, 0.25F);
+
+  engine.Draw([&] {
+    drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 25, 100, 65}, DT_NOCLIP, Color(1), u"a\nb\nc\nd");
+  });
+  EXPECT_EQ(engine.render.frame.vertices.size(), 24U);
+  engine.Draw([&] { drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 60, 100, 20}, 0, Color(1), u"a\nb\nc\nd"); });
+  EXPECT_TRUE(engine.render.frame.vertices.empty()) << "a window turned over shows nothing";
+}
+
+TEST_F(DrawingTest, KnownTextsAreNotShapedAgain) {
+  const auto frame = [&] {
+    drawing.BeginText3D(0.14F);
+    drawing.DrawText3D(Matrix4x4::Identity, 50.0F, 50.0F, kWrap, Color(1), u"hello world");
+    Measured(kWrap, 50, u"hello world");
+    drawing.EndText();
+  };
+  engine.Draw(frame);
+  const std::int32_t shaped = engine.fonts.shapeCount;
+  engine.Draw(frame);
+  EXPECT_EQ(engine.fonts.shapeCount, shaped);
+
+  drawing.BeginText2D();
+  for (int i = 0; i < 5000; ++i) drawing.DrawText2D(0, 0, Color(1), u"%d", i);
+  engine.Draw(frame);
+  EXPECT_GT(engine.fonts.shapeCount, shaped + 5000) << "forgotten behind many others";
+
+  FontManager::GetSingleton()->Destroy(font);
+  font = FontManager::GetSingleton()->CreateEx(u"Test", -40, 0, 400, false, 1, kDefaultGroup);
+  drawing.SetFont(font);
+  drawing.BeginText3D(0.14F);
+  EXPECT_EQ(Measured(0, 0, u"x").bottom, 213) << "another font's texts are others";  // 40 x 0.14 x 38 = 212.8
+}
+
+TEST_F(DrawingTest, QuadsAndBoxes) {
+  engine.AddPictureFile(u"pic.png");
+  Texture* texture = TextureManager::GetSingleton()->Load(u"pic", kDefaultGroup, 0, 129);
+  ASSERT_NE(texture, nullptr);
+  const MaterialParams plain;
+  MaterialParams params;
+  params.AddTexture(TEXTURE_SLOT_1, texture);
+  Matrix4x4 world;
+  world.SetScale(2, 2, 2);
+  engine.Draw([&] {
+    drawing.DrawQuad2D(0, 0, 1, 1, Color(1));
+    drawing.BeginQuads2D(nullptr, params);
+    drawing.DrawQuad2D(1, 2, 11, 22, Color(0xFF112233));
+    drawing.DrawQuad2D(3, 4, 5, 6, Color(0xFF112233));
+    drawing.EndQuads();
+    drawing.SetWorldMatrix(world);
+    drawing.BeginQuads3D(nullptr, plain);
+    drawing.DrawQuad3D({-1, 0, 1}, {1, 0, 1}, {-1, 0, 7}, {1, 0, 7}, Color(5));
+    drawing.EndQuads();
+    drawing.DrawAABB({{1, 2, 3}, {1, 1, 1}}, Color(0xFF0000));
+  });
+  const DrawList& frame = engine.render.frame;
+  ASSERT_EQ(frame.items.size(), 3U);
+  EXPECT_EQ(frame.items[0].texture, texture->GetHandle());
+  EXPECT_EQ(frame.items[0].vertexCount, 12U);
+  EXPECT_EQ(frame.vertices[4].position, (Vec3{11, 22, 0}));
+  EXPECT_EQ(frame.vertices[4].u + frame.vertices[4].v, 2.0F);
+  EXPECT_EQ(frame.items[1].texture, 0U);
+  EXPECT_EQ(frame.items[1].distance, 8.0F) << "of its middle, in the world";
+  EXPECT_EQ(frame.items[2].kind, DrawKind::Lines3D);
+  EXPECT_EQ(frame.items[2].vertexCount, 24U);
+  EXPECT_EQ(frame.items[2].world.m[0][0], 2.0F);
+  EXPECT_EQ(frame.vertices.back().argb, 0xFFFF0000U);
+}
+
+TEST_F(DrawingTest, ProjectionsBeginLayers) {
+  Matrix4x4 second;
+  second.SetScale(2, 2, 2);
+  engine.Draw([&] {
+    System::render->SetProjection(Matrix4x4::Identity);
+    drawing.DrawAABB({{}, {1, 1, 1}}, Color(1));
+    System::render->SetProjection(second);
+    System::render->SetView(second);
+    drawing.DrawAABB({{}, {1, 1, 1}}, Color(1));
+    drawing.DrawAABB({{}, {2, 2, 2}}, Color(1));
+  });
+  const DrawList& frame = engine.render.frame;
+  ASSERT_EQ(frame.layers.size(), 2U);
+  EXPECT_EQ(frame.layers[0].itemCount, 1U);
+  EXPECT_EQ(frame.layers[1].firstItem, 1U);
+  EXPECT_EQ(frame.layers[1].itemCount, 1U) << "what looks the same is one item";
+  EXPECT_EQ(frame.items[1].vertexCount, 48U);
+  EXPECT_EQ(frame.layers[1].projection.m[0][0], 2.0F);
+  EXPECT_EQ(frame.layers[1].view.m[0][0], 2.0F);
+  EXPECT_EQ(engine.render.width, 800);
+}
+
+}  // namespace
+}  // namespace qen

@@ -1,0 +1,100 @@
+#include "engine/platform.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "base/recording/recording_engine.h"
+#include "base/utf.h"
+
+namespace qen::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PlatformTest : public testing::Test {
+ protected:
+  PlatformTest() {
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+  }
+  ~PlatformTest() override { fs::remove_all(folder); }
+
+  [[nodiscard]] String Path(const Char* name) const { return base::ToUtf16(folder.string()) + u'/' + name; }
+
+  void Write(const char* name, const std::string& text) const { std::ofstream(folder / name) << text; }
+
+  [[nodiscard]] std::string Read(const char* name) const {
+    std::ifstream file(folder / name);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  fs::path folder = fs::path(testing::TempDir()) / ("gui_platform_" + std::to_string(getpid()));
+};
+
+TEST_F(PlatformTest, CopiesWholeFiles) {
+  Write("a.txt", "new");
+  Write("b.txt", "old and longer");
+  EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), true));
+  EXPECT_EQ(Read("b.txt"), "old and longer");
+  EXPECT_TRUE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), false));
+  EXPECT_EQ(Read("b.txt"), "new");
+  EXPECT_FALSE(CopyFileW(Path(u"none.txt").c_str(), Path(u"b.txt").c_str(), false));
+  EXPECT_EQ(Read("b.txt"), "new") << "a copy that fails leaves what was there";
+  EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"nowhere/b.txt").c_str(), false));
+  EXPECT_FALSE(CopyFileW(nullptr, nullptr, false));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2) << "nothing is left lying about";
+}
+
+TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
+  EXPECT_EQ(_wmkdir(Path(u"Men\u00FCs\\").c_str()), 0);
+  EXPECT_EQ(_wmkdir(Path(u"Men\u00FCs").c_str()), -1) << "exists";
+  EXPECT_EQ(_wmkdir(Path(u"a\\b").c_str()), -1) << "one folder at a time";
+  EXPECT_EQ(_wfopen(Path(u"none.txt").c_str(), u"rb"), nullptr);
+  EXPECT_EQ(_wfopen(Path(u"Men\u00FCs").c_str(), u"rb"), nullptr) << "a folder";
+  EXPECT_EQ(_wfopen(nullptr, u"rb"), nullptr);
+  std::FILE* file = _wfopen(Path(u"men\u00DCS\\Main.txt").c_str(), u"wb");
+  ASSERT_NE(file, nullptr) << "folders that exist in another letter case are those";
+  std::fputs("text", file);
+  std::fclose(file);
+  EXPECT_EQ(Read("Men\xC3\xBCs/Main.txt"), "text");
+  file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
+  ASSERT_NE(file, nullptr);
+  std::fclose(file);
+}
+
+TEST_F(PlatformTest, AsksTheWindow) {
+  POINT point{5, 6};
+  RECT rect;
+  EXPECT_FALSE(GetCursorPos(&point));
+  EXPECT_FALSE(SetCursorPos(1, 2));
+  EXPECT_FALSE(ScreenToClient(nullptr, &point));
+  EXPECT_FALSE(ClientToScreen(nullptr, &point));
+  EXPECT_FALSE(GetClientRect(nullptr, &rect));
+  EXPECT_EQ(point.x, 5) << "unchanged";
+
+  base::RecordingEngine engine;
+  EXPECT_TRUE(SetCursorPos(130, 60));
+  EXPECT_TRUE(GetCursorPos(&point));
+  EXPECT_EQ(point.x, 130);
+  EXPECT_TRUE(ScreenToClient(nullptr, &point));
+  EXPECT_EQ(point.x, 30);
+  EXPECT_EQ(point.y, 10);
+  EXPECT_TRUE(ClientToScreen(nullptr, &point));
+  EXPECT_EQ(point.y, 60);
+  EXPECT_TRUE(GetClientRect(nullptr, &rect));
+  EXPECT_EQ(rect.right, 800);
+  EXPECT_EQ(rect.bottom, 600);
+  EXPECT_FALSE(GetCursorPos(nullptr));
+
+  engine.clock.Advance(1.5);
+  EXPECT_EQ(timeGetTime(), 1500U);
+  engine.clock.Advance(4294967.296);  // 32 bits of milliseconds
+  EXPECT_EQ(timeGetTime(), 1500U);
+}
+
+}  // namespace
+}  // namespace qen::platform

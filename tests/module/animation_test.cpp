@@ -1,0 +1,83 @@
+// A page's animations, one at a time.
+#include "engine/scene.h"
+#include "tests/module/gui_fixture.h"
+
+namespace qen::test {
+namespace {
+
+class Animation : public GuiTest {
+ protected:
+  Animation() {
+    engine.AddAnimation(u"in.glb", base::MoveNode(u"~bok", {-90, 0, 0}, {}, 1.0F));
+    engine.AddAnimation(u"out.glb", base::MoveNode(u"~bok", {}, {0, 90, 0}, 0.5F));
+    AddButtonPage(u"menu", {u"ok"}, u"anim_in in.glb anim_out out.glb");
+    page = OpenPage(u"menu.txt");
+    ShowOnly(0);
+  }
+
+  Vec3 Place() {
+    Matrix4x4 world;
+    Find(u"~bok")->GetMatrix(world);
+    return world.GetTranslation();
+  }
+
+  ICGUIPageObject* page = nullptr;
+};
+
+TEST_F(Animation, PlaysOneAtATime) {
+  ICGUIAnim* in = page->PlayAnim(page->animIn, false);
+  ASSERT_EQ(in, page->anims[0]);
+  EXPECT_EQ(page->PlayAnim(page->animOut, false), in) << "the one that plays";
+  EXPECT_FALSE(page->anims[1]->IsPlaying());
+  Frame(0.5);
+  EXPECT_NEAR(Place().x, -45.0F, 0.01F);
+  EXPECT_NEAR(in->GetProgress(), 0.5F, 0.01F);
+  Frame(0.6);
+  EXPECT_EQ(page->GetPlayingAnim(), nullptr);
+  EXPECT_NEAR(Place().x, 0.0F, 0.01F);
+  EXPECT_EQ(page->PlayAnim(page->animOut, false), page->anims[1]);
+  page->StopAnims();
+  EXPECT_EQ(page->GetPlayingAnim(), nullptr);
+}
+
+TEST_F(Animation, RefusesPositionsThatAreNone) {
+  for (const std::int32_t position : {-1, 2, 1000}) EXPECT_EQ(page->PlayAnim(position, false), nullptr);
+  EXPECT_EQ(page->PlayAnim(0, true), nullptr) << "a looping one is not waited for";
+}
+
+TEST_F(Animation, HandlesAskTheController) {
+  engine.calls.clear();
+  ICGUIAnim* in = page->anims[0];
+  in->Play(false);
+  in->SetFrame(15.0F);
+  Frame(0.0);
+  EXPECT_NEAR(Place().x, -45.0F, 0.01F);
+  in->Stop();
+  EXPECT_EQ(in->playing, 0U);
+  EXPECT_FALSE(in->IsPlaying());
+  const std::vector<base::Call> played = engine.CallsOf("AnimCtrl::PlayAnimation");
+  ASSERT_EQ(played.size(), 1U);
+  ASSERT_EQ(engine.CallsOf("AnimCtrl::ClearAnimationFromStack").size(), 1U);
+}
+
+TEST_F(Animation, HandlesWithoutAnInstanceDoNothing) {
+  page->Unload();
+  AddText(u"none.txt", u"anim_in in.glb");
+  EXPECT_EQ(page->LoadPage(u"none.txt", 0), nullptr);
+  EXPECT_TRUE(page->anims.empty());
+  EXPECT_EQ(page->GetPlayingAnim(), nullptr);
+}
+
+TEST_F(Animation, AMovedWidgetStaysWhereItWasPutUntilTheNextAnimation) {
+  page->PlayAnim(page->animIn, false);
+  Frame(2.0);
+  Matrix4x4 moved = Matrix4x4::Identity;
+  moved.SetTranslation({5, 6, 7});
+  Find(u"~bok")->SetMatrix(moved);
+  Frame();
+  Frame();
+  EXPECT_EQ(Place(), (Vec3{5, 6, 7}));
+}
+
+}  // namespace
+}  // namespace qen::test

@@ -1,0 +1,112 @@
+// What a page hands to the renderer.
+#include "engine/mesh.h"
+#include "engine/render_client.h"
+#include "engine/scene.h"
+#include "tests/module/gui_fixture.h"
+
+namespace qen::test {
+namespace {
+
+class Client final : public RenderClient {
+ public:
+  Client(std::vector<std::string>& journal, String name) : journal_(journal), name_(std::move(name)) {}
+  void Draw() override {
+    journal_.push_back("draw " + Narrow(name_));
+    if (onDraw) onDraw();
+  }
+  void Detach() override { journal_.push_back("detach " + Narrow(name_)); }
+  String GetName() override { return name_; }
+
+  std::function<void()> onDraw;
+
+ private:
+  std::vector<std::string>& journal_;
+  String name_;
+};
+
+class PageDrawing : public GuiTest {
+ protected:
+  PageDrawing() {
+    base::SceneData scene;
+    base::AddBox(scene, u"backdrop", -1, {0, 0, -50}, {100, 80, 1});
+    AddButton(scene, u"ok", {});
+    engine.AddScene(u"s.glb", std::move(scene));
+    AddText(u"s.txt", u"name s.glb");
+    page = OpenPage(u"s.txt");
+    ShowOnly(0);
+    Frame();
+  }
+
+  ICGUIPageObject* page = nullptr;
+};
+
+TEST_F(PageDrawing, SubmitsDecorationAndStatesWithTheirPlacesAndDistances) {
+  DrawPages();
+  const base::DrawList& frame = engine.render.frame;
+  ASSERT_EQ(frame.layers.size(), 1U);
+  ASSERT_EQ(frame.items.size(), 2U);
+  EXPECT_FLOAT_EQ(frame.items[0].distance, 144.1F + 50.0F);
+  EXPECT_FLOAT_EQ(frame.items[1].distance, 144.1F);
+  EXPECT_EQ(frame.items[0].entry.count, 1U);
+  ASSERT_NE(frame.items[0].entry.lights, nullptr);
+  ASSERT_EQ(frame.items[0].entry.lights->size(), 1U);
+}
+
+TEST_F(PageDrawing, HiddenAndUnlistedPagesAreNotDrawn) {
+  gui->GetRenderPages().clear();
+  DrawPages();
+  EXPECT_TRUE(engine.render.frame.items.empty());
+  gui->GetRenderPages() = {0, 0, 7};
+  DrawPages();
+  EXPECT_EQ(engine.render.frame.items.size(), 4U) << "listed twice, drawn twice; a page that is none, not at all";
+  Viewport other(&engine.camera);
+  engine.Draw([&] { Send(message::kRender, 0, &other); });
+  EXPECT_TRUE(engine.render.frame.items.empty()) << "another viewport";
+}
+
+TEST_F(PageDrawing, DrawsTheBoxesOfAWidgetThatShowsThem) {
+  page->items[0]->SetShowBox(1);
+  DrawPages();
+  std::size_t lines = 0;
+  for (const base::DrawItem& item : engine.render.frame.items) lines += item.kind == base::DrawKind::Lines3D ? 1 : 0;
+  EXPECT_EQ(lines, 1U) << "of the node that is drawn";
+}
+
+TEST_F(PageDrawing, CallsRenderClientsInOrderAndForgetsThemOnUnload) {
+  std::vector<std::string> journal;
+  Client a(journal, u"a");
+  Client b(journal, u"b");
+  page->RegisterRenderObject(&a);
+  page->RegisterRenderObject(&b);
+  DrawPages();
+  page->UnregisterRenderObject(&a);
+  page->UnregisterRenderObject(&a);
+  ASSERT_EQ(engine.errors.size(), 1U);
+  EXPECT_EQ(engine.errors[0], u"not unregistered object from render gui a");
+  page->Unload();
+  page->Unload();
+  EXPECT_EQ(journal, (std::vector<std::string>{"draw a", "draw b", "detach b"}));
+}
+
+TEST_F(PageDrawing, SurvivesAClientThatUnloadsEverything) {
+  std::vector<std::string> journal;
+  Client rude(journal, u"rude");
+  Client other(journal, u"other");
+  page->RegisterRenderObject(&rude);
+  page->RegisterRenderObject(&other);
+  rude.onDraw = [this] { gui->Release(); };
+  DrawPages();
+  EXPECT_EQ(gui->GetPageCount(), 0U);
+  EXPECT_EQ(journal.back(), "detach other");
+}
+
+TEST_F(PageDrawing, FindsNodesByTheirExactNames) {
+  EXPECT_NE(page->FindNode(u"backdrop"), nullptr);
+  EXPECT_EQ(page->FindNode(u"Backdrop"), nullptr);
+  EXPECT_EQ(page->FindNode(nullptr), nullptr);
+  ASSERT_NE(gui->GetNodeMatrix(0, u"backdrop"), nullptr);
+  EXPECT_FLOAT_EQ(gui->GetNodeMatrix(0, u"backdrop")->m[3][2], 50.0F);
+}
+
+}  // namespace
+}  // namespace qen::test
