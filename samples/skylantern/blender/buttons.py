@@ -1,0 +1,47 @@
+"""Buttons as the GUI wants them: a node "~b..." with one child a state and a box for its label."""
+
+import bpy
+
+import kit
+import paint
+
+DEPTH = 3.0
+RAISED = 1.5  # how much a lit button comes towards the viewer; it dips back while it is held
+
+
+def button_materials():
+    def face(name, low, high, glow):
+        image = kit.picture(name, paint.plate(low, high))
+        return kit.material(name, roughness=0.45, image=image, emission=glow)
+
+    def rim(name, color, glow, metallic=0.6):
+        return kit.material(name, color, metallic=metallic, roughness=0.32, emission=glow)
+
+    return {
+        "normal": (face("enamel", (0.05, 0.07, 0.20), (0.12, 0.20, 0.42), (0.005, 0.01, 0.03)),
+                   rim("rim", (0.58, 0.34, 0.12), (0.06, 0.028, 0.006))),
+        "onmouse": (face("lit enamel", (0.55, 0.20, 0.05), (0.95, 0.58, 0.20), (0.30, 0.11, 0.02)),
+                    rim("lit rim", (0.95, 0.70, 0.30), (0.45, 0.22, 0.06))),
+        "disabled": (face("dull enamel", (0.09, 0.09, 0.12), (0.17, 0.17, 0.21), (0, 0, 0)),
+                     rim("dull rim", (0.22, 0.20, 0.20), (0, 0, 0), metallic=0.2)),
+    }
+
+
+def label(parent, width, height, front):
+    """The box that the label is written into; only its measures count, it is never drawn."""
+    node = kit.empty("text", (0, -front, 0), parent)
+    kit.card("normal", width, height, None, node)
+
+
+def button(name, location, width, height, materials, label_height=7.0):
+    """All states have the same outline; the pointer is tested against the normal one."""
+    node = kit.empty("~b" + name, location)
+    for state, raised in (("normal", 0.0), ("onmouse", RAISED), ("disabled", 0.0)):
+        face, rim = materials[state]
+        made = kit.plaque(state, width, height, DEPTH, min(4.2, height * 0.42), face, rim, node)
+        for vertex in made.data.vertices:
+            # The back stays, so that the box of every state begins at the same depth.
+            if vertex.co.y < -0.1:
+                vertex.co.y -= raised
+    label(node, width - 9, label_height, DEPTH + RAISED + 0.6)
+    return node
