@@ -35,7 +35,7 @@ void AnimCtrl::SetAnimationLength(std::int32_t index, float frames) {
   if (index < 0) return;
   const auto position = static_cast<std::size_t>(index);
   if (position >= lengths_.size()) lengths_.resize(position + 1);
-  lengths_[position] = std::max(frames, 0.0F);
+  lengths_[position] = frames > 0.0F && std::isfinite(frames) ? frames : 0.0F;
 }
 
 void AnimCtrl::ClearAnimationFromStack(std::int32_t index) {
@@ -46,8 +46,8 @@ void AnimCtrl::ClearAnimationFromStack(std::int32_t index) {
 void AnimCtrl::PlayAnimation(std::int32_t index, bool reverse, float framesPerSecond, bool restart, float startFrame,
                              float speed, float blendRate, bool loop, bool additive, std::int32_t layer, bool mirror,
                              bool rootMotion, bool holdFirst, bool queue, bool silent, bool holdLast) {
-  base::Record("AnimCtrl::PlayAnimation", base::Named{this}, index, reverse, framesPerSecond, restart, startFrame, speed,
-               blendRate, loop, additive, layer, mirror, rootMotion, holdFirst, queue, silent, holdLast);
+  base::Record("AnimCtrl::PlayAnimation", base::Named{this}, index, reverse, framesPerSecond, restart, startFrame,
+               speed, blendRate, loop, additive, layer, mirror, rootMotion, holdFirst, queue, silent, holdLast);
   if (!IsKnown(index)) return;
   Playing playing;
   playing.index = index;

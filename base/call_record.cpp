@@ -58,11 +58,12 @@ CallArgument ToArgument(Named object) {
 }
 
 CallArgument ToArgument(Color color) { return static_cast<std::int64_t>(color.argb); }
-CallArgument ToArgument(const Vec3& v) { return JoinNumbers(v.x, v.y, v.z); }
-CallArgument ToArgument(const Rect& r) { return JoinNumbers(r.left, r.top, r.right, r.bottom); }
-CallArgument ToArgument(const Matrix4x4& a) {
-  return JoinNumbers(a.m[0][0], a.m[0][1], a.m[0][2], a.m[0][3], a.m[1][0], a.m[1][1], a.m[1][2], a.m[1][3],
-                     a.m[2][0], a.m[2][1], a.m[2][2], a.m[2][3], a.m[3][0], a.m[3][1], a.m[3][2], a.m[3][3]);
+CallArgument ToArgument(const Vec3& vector) { return JoinNumbers(vector.x, vector.y, vector.z); }
+CallArgument ToArgument(const Rect& rect) { return JoinNumbers(rect.left, rect.top, rect.right, rect.bottom); }
+CallArgument ToArgument(const Matrix4x4& matrix) {
+  const auto& m = matrix.m;
+  return JoinNumbers(m[0][0], m[0][1], m[0][2], m[0][3], m[1][0], m[1][1], m[1][2], m[1][3], m[2][0], m[2][1], m[2][2],
+                     m[2][3], m[3][0], m[3][1], m[3][2], m[3][3]);
 }
 
 }  // namespace qen::base

@@ -20,8 +20,8 @@ struct Call {
 
 using CallSink = std::function<void(const Call&)>;
 
-// Every call from now on goes to the sink; null ends the recording, which costs nothing then. Value types (maths, boxes,
-// colours, strings) and plain look-ups are not recorded.
+// Every call from now on goes to the sink; null ends the recording, which costs nothing then. Value types (maths,
+// boxes, colours, strings) and plain look-ups are not recorded.
 QEN_API void SetCallSink(CallSink sink);
 
 }  // namespace qen::base

@@ -28,8 +28,8 @@ Camera::Camera() : view_(Matrix4x4::Identity) { Rebuild(); }
 void Camera::SetProjection(float nearPlane, float farPlane, float aspect, float fov) {
   base::Record("Camera::SetProjection", nearPlane, farPlane, aspect, fov);
   // Written so that NaN fails every comparison: a broken camera node leaves the camera as it was.
-  const bool valid = nearPlane > 0.0F && farPlane > nearPlane && std::isfinite(farPlane) && aspect > 0.0F &&
-                     std::isfinite(aspect) && fov > 0.0F && fov < std::numbers::pi_v<float>;
+  const bool valid = nearPlane > 0.0F && farPlane > nearPlane && aspect > 0.0F && std::isfinite(aspect) && fov > 0.0F &&
+                     fov < std::numbers::pi_v<float>;
   if (!valid) return;
   near_ = nearPlane;
   far_ = farPlane;
@@ -52,9 +52,10 @@ void Camera::Rebuild() {
   // A wider view shows more at the sides; a narrower one keeps the width and shows more above and below.
   projection_.m[0][0] = wide ? cotangent / shape : cotangent / aspect_;
   projection_.m[1][1] = wide ? cotangent : cotangent / aspect_ * shape;
-  projection_.m[2][2] = far_ / (far_ - near_);
+  const float depth = std::isfinite(far_) ? far_ / (far_ - near_) : 1.0F;
+  projection_.m[2][2] = depth;
   projection_.m[2][3] = 1.0F;
-  projection_.m[3][2] = -near_ * far_ / (far_ - near_);
+  projection_.m[3][2] = -near_ * depth;
 }
 
 void Camera::SetLookAt(const Vec3& eye, const Vec3& target, const Vec3& up) {

@@ -35,8 +35,8 @@ struct DrawItem {
   Matrix4x4 world = Matrix4x4::Identity;
 };
 
-// What is drawn with one camera. Layers follow each other, the depth is cleared between them; inside a layer opaque meshes
-// come first and the blended items from far to near, equal ones in order. Triangles2D are drawn last, in order.
+// What is drawn with one camera. Layers follow each other, the depth is cleared between them; inside a layer opaque
+// meshes come first and the blended items from far to near, equal ones in order. Triangles2D are drawn last, in order.
 struct DrawLayer {
   Matrix4x4 projection = Matrix4x4::Identity;  // depth 0 to 1
   Matrix4x4 view = Matrix4x4::Identity;

@@ -238,7 +238,8 @@ void Drawing::DrawAABB(const AABB& box, Color color) {
   // A corner's bits say on which side it is along x, y and z; an edge joins corners that differ in one.
   const auto corner = [&](unsigned bits) {
     const Vec3 low = box.getMin(), high = box.getMax();
-    const Vec3 at{(bits & 1U) != 0 ? high.x : low.x, (bits & 2U) != 0 ? high.y : low.y, (bits & 4U) != 0 ? high.z : low.z};
+    const Vec3 at{(bits & 1U) != 0 ? high.x : low.x, (bits & 2U) != 0 ? high.y : low.y,
+                  (bits & 4U) != 0 ? high.z : low.z};
     return DrawVertex{at, 0.0F, 0.0F, color.argb | kOpaque};
   };
   for (unsigned from = 0; from < 8; ++from) {

@@ -22,8 +22,8 @@ class ISoundBackend;
 class IWindowBackend;
 struct DrawList;
 
-// None is owned; all must outlive the engine. Null where the program has none: the service then does without (no sounds, no
-// texts, no files ...); System::sound and System::ime are null without their backends.
+// None is owned; all must outlive the engine. Null where the program has none: the service then does without (no
+// sounds, no texts, no files ...); System::sound and System::ime are null without their backends.
 struct Backends {
   IWindowBackend* window = nullptr;
   IRenderBackend* render = nullptr;
@@ -51,8 +51,8 @@ class QEN_API Engine {
   // Moves the animations of every enabled scene on to the clock's present time. Once a frame, before the frame message.
   void Animate();
 
-  void BeginFrame();                 // forgets what was drawn before
-  void EndFrame(Viewport& viewport); // hands what was drawn to the render backend and settles the input method
+  void BeginFrame();                  // forgets what was drawn before
+  void EndFrame(Viewport& viewport);  // hands what was drawn to the render backend and settles the input method
   [[nodiscard]] const DrawList& GetDrawList() const;
 
  private:

@@ -16,7 +16,7 @@ String Folded(const fs::path& part) { return ttolowercase(ToUtf16(part.string())
 // `folder` / `part`, or what is there under that name in another letter case.
 fs::path Find(const fs::path& folder, const fs::path& part) {
   std::error_code error;
-  const fs::path exact = folder / part;
+  fs::path exact = folder / part;
   if (fs::exists(exact, error)) return exact;
   const String wanted = Folded(part);
   for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;

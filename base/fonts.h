@@ -19,7 +19,7 @@ class FontObject final : public Font {
 
   [[nodiscard]] IFontFace& GetFace() const { return *face_; }
   [[nodiscard]] const TextMetric& GetMetric() const { return metric_; }
-  [[nodiscard]] std::uint32_t GetId() const { return id_; }         // of no other font of this engine, ever
+  [[nodiscard]] std::uint32_t GetId() const { return id_; }      // of no other font of this engine, ever
   [[nodiscard]] float GetTabWidth() const { return tabWidth_; }  // eight average characters, in font pixels
 
  private:

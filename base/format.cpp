@@ -11,11 +11,11 @@
 namespace qen::base {
 namespace {
 
-constexpr int kMaxWidth = 4096;      // wider fields are no log lines
-constexpr int kMaxPrecision = 500;   // digits of a number; texts may be longer
+constexpr int kMaxWidth = 4096;     // wider fields are no log lines
+constexpr int kMaxPrecision = 500;  // digits of a number; texts may be longer
 
 // What stands between the per cent sign and the conversion.
-struct Spec {
+struct Field {
   bool left = false, plus = false, blank = false, zero = false, alternative = false;
   int width = 0;
   int precision = -1;
@@ -27,14 +27,20 @@ struct Arguments {
   std::va_list list;
 };
 
-bool TakeFlag(Spec& spec, Char c) {
+bool TakeFlag(Field& field, Char c) {
   switch (c) {
-    case u'-': return spec.left = true;
-    case u'+': return spec.plus = true;
-    case u' ': return spec.blank = true;
-    case u'0': return spec.zero = true;
-    case u'#': return spec.alternative = true;
-    default: return false;
+    case u'-':
+      return field.left = true;
+    case u'+':
+      return field.plus = true;
+    case u' ':
+      return field.blank = true;
+    case u'0':
+      return field.zero = true;
+    case u'#':
+      return field.alternative = true;
+    default:
+      return false;
   }
 }
 
@@ -61,115 +67,132 @@ std::size_t ReadIntegerSize(const Char*& at) {
   }
 }
 
-Spec ReadSpec(const Char*& at, Arguments& arguments) {
-  Spec spec;
-  while (TakeFlag(spec, *at)) ++at;
+Field ReadField(const Char*& at, Arguments& arguments) {
+  Field field;
+  while (TakeFlag(field, *at)) ++at;
   const int width = ReadNumber(at, arguments);
-  spec.left = spec.left || width < 0;
-  spec.width = static_cast<int>(std::min<std::int64_t>(std::abs(std::int64_t{width}), kMaxWidth));
-  if (*at == u'.') spec.precision = ReadNumber(++at, arguments);
-  spec.integerSize = ReadIntegerSize(at);
-  return spec;
+  field.left = field.left || width < 0;
+  field.width = static_cast<int>(std::min<std::int64_t>(std::abs(std::int64_t{width}), kMaxWidth));
+  if (*at == u'.') field.precision = ReadNumber(++at, arguments);
+  field.integerSize = ReadIntegerSize(at);
+  return field;
 }
 
-std::int64_t NextSigned(const Spec& spec, Arguments& arguments) {
-  return spec.integerSize == sizeof(int) ? va_arg(arguments.list, int) : va_arg(arguments.list, std::int64_t);
+std::int64_t NextSigned(const Field& field, Arguments& arguments) {
+  return field.integerSize == sizeof(int) ? va_arg(arguments.list, int) : va_arg(arguments.list, std::int64_t);
 }
 
-std::uint64_t NextUnsigned(const Spec& spec, Arguments& arguments) {
-  return spec.integerSize == sizeof(int) ? va_arg(arguments.list, unsigned) : va_arg(arguments.list, std::uint64_t);
+std::uint64_t NextUnsigned(const Field& field, Arguments& arguments) {
+  return field.integerSize == sizeof(int) ? va_arg(arguments.list, unsigned) : va_arg(arguments.list, std::uint64_t);
 }
 
 void Pad(String& out, std::size_t count, Char fill) { out.append(count, fill); }
 
-std::size_t Missing(const Spec& spec, std::size_t length) {
-  const auto width = static_cast<std::size_t>(spec.width);
+std::size_t Missing(const Field& field, std::size_t length) {
+  const auto width = static_cast<std::size_t>(field.width);
   return width > length ? width - length : 0;
 }
 
-void AppendText(String& out, const Spec& spec, StringView text) {
-  if (!spec.left) Pad(out, Missing(spec, text.size()), u' ');
+void AppendText(String& out, const Field& field, StringView text) {
+  if (!field.left) Pad(out, Missing(field, text.size()), u' ');
   out += text;
-  if (spec.left) Pad(out, Missing(spec, text.size()), u' ');
+  if (field.left) Pad(out, Missing(field, text.size()), u' ');
 }
 
 // `prefix` is a sign or a base; zeros to fill go behind it.
-void AppendNumber(String& out, const Spec& spec, std::string_view prefix, std::size_t zeros, std::string_view digits,
+void AppendNumber(String& out, const Field& field, std::string_view prefix, std::size_t zeros, std::string_view digits,
                   bool zeroFill) {
-  const std::size_t missing = Missing(spec, prefix.size() + zeros + digits.size());
-  const bool fill = zeroFill && spec.zero && !spec.left;
-  if (!spec.left && !fill) Pad(out, missing, u' ');
+  const std::size_t missing = Missing(field, prefix.size() + zeros + digits.size());
+  const bool fill = zeroFill && field.zero && !field.left;
+  if (!field.left && !fill) Pad(out, missing, u' ');
   out.append(prefix.begin(), prefix.end());
   Pad(out, zeros + (fill ? missing : 0), u'0');
   out.append(digits.begin(), digits.end());
-  if (spec.left) Pad(out, missing, u' ');
+  if (field.left) Pad(out, missing, u' ');
 }
 
-std::string_view Sign(const Spec& spec, bool negative) {
+std::string_view Sign(const Field& field, bool negative) {
   if (negative) return "-";
-  if (spec.plus) return "+";
-  return spec.blank ? " " : "";
+  if (field.plus) return "+";
+  return field.blank ? " " : "";
 }
 
-void AppendInteger(String& out, const Spec& spec, std::string_view prefix, std::uint64_t value, int base, bool upper) {
+void AppendInteger(String& out, const Field& field, std::string_view prefix, std::uint64_t value, int base,
+                   bool upper) {
   std::array<char, 24> buffer{};
   char* end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, base).ptr;
-  if (upper) std::transform(buffer.data(), end, buffer.data(), [](char c) { return c >= 'a' ? static_cast<char>(c - 32) : c; });
+  if (upper)
+    std::transform(buffer.data(), end, buffer.data(), [](char c) { return c >= 'a' ? static_cast<char>(c - 32) : c; });
   std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  if (value == 0 && spec.precision == 0) digits = {};
-  const auto least = static_cast<std::size_t>(std::clamp(spec.precision, 0, kMaxPrecision));
-  AppendNumber(out, spec, prefix, least > digits.size() ? least - digits.size() : 0, digits, spec.precision < 0);
+  if (value == 0 && field.precision == 0) digits = {};
+  const auto least = static_cast<std::size_t>(std::clamp(field.precision, 0, kMaxPrecision));
+  AppendNumber(out, field, prefix, least > digits.size() ? least - digits.size() : 0, digits, field.precision < 0);
 }
 
-void AppendHex(String& out, const Spec& spec, std::uint64_t value, bool upper) {
-  const bool prefixed = spec.alternative && value != 0;
-  AppendInteger(out, spec, prefixed ? (upper ? "0X" : "0x") : "", value, 16, upper);
+void AppendHex(String& out, const Field& field, std::uint64_t value, bool upper) {
+  const bool prefixed = field.alternative && value != 0;
+  AppendInteger(out, field, prefixed ? (upper ? "0X" : "0x") : "", value, 16, upper);
 }
 
-void AppendReal(String& out, const Spec& spec, double value, std::chars_format style) {
-  std::array<char, 310 + 1 + kMaxPrecision> buffer;  // the longest whole part, the point, the digits behind it
-  const int precision = spec.precision < 0 ? 6 : std::min(spec.precision, kMaxPrecision);
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), style, precision).ptr;
+void AppendReal(String& out, const Field& field, double value, std::chars_format style) {
+  std::array<char, 310 + 1 + kMaxPrecision> buffer{};  // the longest whole part, the point, the digits behind it
+  const int precision = field.precision < 0 ? 6 : std::min(field.precision, kMaxPrecision);
+  const char* end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), style, precision).ptr;
   const std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  AppendNumber(out, spec, Sign(spec, std::signbit(value)), 0, digits, std::isfinite(value));
+  AppendNumber(out, field, Sign(field, std::signbit(value)), 0, digits, std::isfinite(value));
 }
 
-void AppendString(String& out, const Spec& spec, const Char* text) {
+void AppendString(String& out, const Field& field, const Char* text) {
   if (text == nullptr) text = u"(null)";
   // Only looks as far as the precision allows: the text need not end then.
   std::size_t length = 0;
-  while ((spec.precision < 0 || length < static_cast<std::size_t>(spec.precision)) && text[length] != 0) ++length;
-  AppendText(out, spec, {text, length});
+  while ((field.precision < 0 || length < static_cast<std::size_t>(field.precision)) && text[length] != 0) ++length;
+  AppendText(out, field, {text, length});
 }
 
 // False when the conversion is unknown; nothing was appended then.
-bool AppendConversion(String& out, const Spec& spec, Char conversion, Arguments& arguments) {
+bool AppendConversion(String& out, const Field& field, Char conversion, Arguments& arguments) {
   switch (conversion) {
     case u'd':
     case u'i': {
-      const std::int64_t value = NextSigned(spec, arguments);
+      const std::int64_t value = NextSigned(field, arguments);
       const auto bits = static_cast<std::uint64_t>(value);
-      AppendInteger(out, spec, Sign(spec, value < 0), value < 0 ? 0 - bits : bits, 10, false);
+      AppendInteger(out, field, Sign(field, value < 0), value < 0 ? 0 - bits : bits, 10, false);
       return true;
     }
-    case u'u': AppendInteger(out, spec, "", NextUnsigned(spec, arguments), 10, false); return true;
-    case u'x': AppendHex(out, spec, NextUnsigned(spec, arguments), false); return true;
-    case u'X': AppendHex(out, spec, NextUnsigned(spec, arguments), true); return true;
+    case u'u':
+      AppendInteger(out, field, "", NextUnsigned(field, arguments), 10, false);
+      return true;
+    case u'x':
+      AppendHex(out, field, NextUnsigned(field, arguments), false);
+      return true;
+    case u'X':
+      AppendHex(out, field, NextUnsigned(field, arguments), true);
+      return true;
     case u'p': {
       const void* pointer = va_arg(arguments.list, const void*);
-      AppendInteger(out, spec, "0x", reinterpret_cast<std::uintptr_t>(pointer), 16, false);
+      AppendInteger(out, field, "0x", reinterpret_cast<std::uintptr_t>(pointer), 16, false);
       return true;
     }
     case u'c': {
       const auto character = static_cast<Char>(va_arg(arguments.list, int));
-      AppendText(out, spec, {&character, 1});
+      AppendText(out, field, {&character, 1});
       return true;
     }
-    case u's': AppendString(out, spec, va_arg(arguments.list, const Char*)); return true;
-    case u'f': AppendReal(out, spec, va_arg(arguments.list, double), std::chars_format::fixed); return true;
-    case u'g': AppendReal(out, spec, va_arg(arguments.list, double), std::chars_format::general); return true;
-    case u'%': out += u'%'; return true;
-    default: return false;
+    case u's':
+      AppendString(out, field, va_arg(arguments.list, const Char*));
+      return true;
+    case u'f':
+      AppendReal(out, field, va_arg(arguments.list, double), std::chars_format::fixed);
+      return true;
+    case u'g':
+      AppendReal(out, field, va_arg(arguments.list, double), std::chars_format::general);
+      return true;
+    case u'%':
+      out += u'%';
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -177,7 +200,7 @@ bool AppendConversion(String& out, const Spec& spec, Char conversion, Arguments&
 
 void AppendFormat(String& out, const Char* format, std::va_list list) {
   if (format == nullptr) return;
-  Arguments arguments;
+  Arguments arguments{};
   va_copy(arguments.list, list);
   while (*format != 0) {
     if (*format != u'%') {
@@ -185,8 +208,8 @@ void AppendFormat(String& out, const Char* format, std::va_list list) {
       continue;
     }
     const Char* start = format++;
-    const Spec spec = ReadSpec(format, arguments);
-    if (*format != 0 && AppendConversion(out, spec, *format, arguments)) {
+    const Field field = ReadField(format, arguments);
+    if (*format != 0 && AppendConversion(out, field, *format, arguments)) {
       ++format;
     } else {
       out.append(start, format);

@@ -39,8 +39,8 @@ class Instance final : public InstanceObject {
   AnimCtrl animCtrl_;
   bool disabled_ = false;
 
-  // By node. What was written into the instance's matrices last is kept, so that a node that somebody else moved is only
-  // touched when the animation moves it.
+  // By node. What was written into the instance's matrices last is kept, so that a node that somebody else moved is
+  // only touched when the animation moves it.
   std::vector<Pose> poses_;
   std::vector<Matrix4x4> globals_;
   std::vector<Matrix4x4> written_;

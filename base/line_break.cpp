@@ -11,11 +11,13 @@ struct Range {
 };
 
 // Ideographs, kana and full-width forms; the surrogates are those of the supplementary ideographs.
-constexpr Range kEastAsian[] = {{0x2E80, 0x312F}, {0x31F0, 0x31FF}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF}, {0xD840, 0xD8BF},
-                                {0xF900, 0xFAFF}, {0xFE30, 0xFE4F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}};
+constexpr Range kEastAsian[] = {{0x2E80, 0x312F}, {0x31F0, 0x31FF}, {0x3400, 0x4DBF},
+                                {0x4E00, 0x9FFF}, {0xD840, 0xD8BF}, {0xF900, 0xFAFF},
+                                {0xFE30, 0xFE4F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}};
 
 constexpr StringView kNeverFirst =
-    u"、。，．・：；？！゛゜ヽヾゝゞ々ー〜…‥」』】〉》〕）］｝〙〗〟’”ぁぃぅぇぉっゃゅょゎァィゥェォッャュョヮヵヶ!),.:;?]}%‰";
+    u"、。，．・：；？！゛゜ヽヾゝゞ々ー〜…‥」』】〉》〕）］｝〙〗〟’”ぁぃぅぇぉっゃゅょゎァィゥェォッャュョヮヵヶ!),.:"
+    u";?]}%‰";
 constexpr StringView kNeverLast = u"「『【〈《〔（［｛〘〖〝‘“([{$￥£＄";
 
 bool Contains(StringView set, Char c) { return set.find(c) != StringView::npos; }

@@ -48,7 +48,7 @@ constexpr CaseRange kRanges[] = {
 
 Char ToLower(Char c) {
   if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<Char>(c + 32) : c;
-  const auto range = std::ranges::lower_bound(kRanges, c, {}, &CaseRange::last);
+  const auto* range = std::ranges::lower_bound(kRanges, c, {}, &CaseRange::last);
   if (range == std::end(kRanges) || c < range->first || (c - range->first) % range->step != 0) return c;
   return static_cast<Char>(c + range->toLower);
 }

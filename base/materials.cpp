@@ -12,7 +12,8 @@ MaterialManager* MaterialManager::GetSingleton() {
 }
 
 void MaterialParams::AddTexture(TEXTURE_SLOT slot, Texture* texture) {
-  base::Record("MaterialParams::AddTexture", base::Named{this}, static_cast<std::uint32_t>(slot), static_cast<const Resource*>(texture));
+  base::Record("MaterialParams::AddTexture", base::Named{this}, static_cast<std::uint32_t>(slot),
+               static_cast<const Resource*>(texture));
   if (slot < TEXTURE_SLOT_COUNT) textures_[slot] = texture;
 }
 

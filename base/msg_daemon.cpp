@@ -45,7 +45,8 @@ std::int32_t MsgDaemon::ProcMsg(std::uint32_t id, std::uint32_t first, std::uint
   const Msg message{id, first, second};
   std::int32_t answer = 0;
   ++depth_;
-  // By index and to the present end: handlers that register meanwhile may move the entries and wait for the next message.
+  // By index and to the present end: handlers that register meanwhile may move the entries and wait for the next
+  // message.
   const std::size_t count = entries_.size();
   for (std::size_t i = 0; i < count; ++i) {
     const Entry entry = entries_[i];

@@ -9,9 +9,7 @@ namespace {
 bool IsFinite(const Vec3& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
 bool IsFinite(const Quaternion& q) { return IsFinite(Vec3{q.x, q.y, q.z}) && std::isfinite(q.w); }
 
-Quaternion operator+(const Quaternion& a, const Quaternion& b) {
-  return {a.x + b.x, a.y + b.y, a.z + b.z, a.w + b.w};
-}
+Quaternion operator+(const Quaternion& a, const Quaternion& b) { return {a.x + b.x, a.y + b.y, a.z + b.z, a.w + b.w}; }
 Quaternion operator*(const Quaternion& q, float s) { return {q.x * s, q.y * s, q.z * s, q.w * s}; }
 float Dot(const Quaternion& a, const Quaternion& b) { return a.x * b.x + a.y * b.y + a.z * b.z + a.w * b.w; }
 
@@ -47,8 +45,9 @@ T Cubic(const Track<T>& track, std::size_t key, float t, float interval) {
   const T& inTangent = track.values[3 * (key + 1)];
   const float t2 = t * t;
   const float t3 = t2 * t;
-  return Normalized(ValueOf(track, key) * (2.0F * t3 - 3.0F * t2 + 1.0F) + outTangent * ((t3 - 2.0F * t2 + t) * interval) +
-                    ValueOf(track, key + 1) * (3.0F * t2 - 2.0F * t3) + inTangent * ((t3 - t2) * interval));
+  return Normalized(ValueOf(track, key) * (2.0F * t3 - 3.0F * t2 + 1.0F) +
+                    outTangent * ((t3 - 2.0F * t2 + t) * interval) + ValueOf(track, key + 1) * (3.0F * t2 - 2.0F * t3) +
+                    inTangent * ((t3 - t2) * interval));
 }
 
 template <class T>

@@ -31,7 +31,8 @@ class RecordPause {
   bool was_;
 };
 
-// Objects appear in the record under the names they were given; "" without one. Names are kept by address until forgotten.
+// Objects appear in the record under the names they were given; "" without one. Names are kept by address until
+// forgotten.
 void NameObject(const void* object, StringView name);
 void ForgetObject(const void* object);
 
@@ -44,10 +45,7 @@ CallArgument ToArgument(T value) {
   return value;
 }
 template <std::integral T>
-  requires(!std::same_as<T, bool>)
-CallArgument ToArgument(T value) {
-  return static_cast<std::int64_t>(value);
-}
+requires(!std::same_as<T, bool>) CallArgument ToArgument(T value) { return static_cast<std::int64_t>(value); }
 template <std::floating_point T>
 CallArgument ToArgument(T value) {
   return static_cast<double>(value);
@@ -57,7 +55,7 @@ CallArgument ToArgument(const Char* text);  // null is empty
 CallArgument ToArgument(const Resource* resource);
 CallArgument ToArgument(Named object);
 CallArgument ToArgument(Color color);
-CallArgument ToArgument(const Vec3& vector);       // these three as a text of numbers with blanks between them
+CallArgument ToArgument(const Vec3& vector);  // these three as a text of numbers with blanks between them
 CallArgument ToArgument(const Matrix4x4& matrix);
 CallArgument ToArgument(const Rect& rect);
 

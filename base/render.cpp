@@ -88,12 +88,25 @@ void RenderService::Forget(const LightList& lights) {
   for (DrawItem& item : list_.items) {
     if (item.entry.lights == &lights) item.entry.lights = nullptr;
   }
+  for (LightList& kept : keptLights_) {
+    std::erase_if(kept, [&lights](const Light* light) { return std::ranges::find(lights, light) != lights.end(); });
+  }
 }
 
 void RenderService::ForgetTexture(std::uint32_t texture) {
   for (DrawItem& item : list_.items) {
     if (item.kind != DrawKind::Mesh && item.texture == texture) Blank(item);
   }
+}
+
+const LightList& RenderService::Keep(const LightList& lights) {
+  if (keptCount_ == keptLights_.size()) keptLights_.emplace_back();
+  return keptLights_[keptCount_++] = lights;
+}
+
+void RenderService::BeginFrame() {
+  list_.Clear();
+  keptCount_ = 0;
 }
 
 void RenderService::EndFrame(std::int32_t width, std::int32_t height) {

@@ -47,7 +47,7 @@ class ResourceStore {
   struct Entry {
     std::unique_ptr<T> resource;
     String key;
-    std::uint32_t uses;
+    std::uint32_t uses = 0;
   };
 
   std::unordered_map<const Resource*, Entry> entries_;

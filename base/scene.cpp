@@ -43,7 +43,7 @@ void KeepIfSound(base::Track<T>& target, const base::Track<T>& source) {
 
 Animation Resolve(const AnimationData& source, const SimpleScene::Data& scene) {
   Animation animation;
-  animation.frames = source.seconds > 0.0F ? source.seconds * base::kFramesPerSecond : 0.0F;
+  animation.frames = source.seconds * base::kFramesPerSecond;
   for (const base::NodeTracks& tracks : source.nodes) {
     const std::int32_t node = scene.Find(tracks.node);
     if (node < 0) continue;
@@ -95,10 +95,9 @@ bool SimpleScene::LoadAnimData(const String& file, std::uint32_t index) {
   base::Record("SimpleScene::LoadAnimData", file, index);
   const base::RecordPause pause;
   Context* context = base::CurrentContext();
-  const auto source =
-      ReadAnd<AnimationData>(context, u"animation", file, [&](auto& scenes, const auto& bytes, String& error) {
-        return scenes.ParseAnimation(file, bytes, error);
-      });
+  const auto source = ReadAnd<AnimationData>(
+      context, u"animation", file,
+      [&](auto& scenes, const auto& bytes, String& error) { return scenes.ParseAnimation(file, bytes, error); });
   if (!source) return false;
   const std::uint32_t position = index == kNextAnimation ? NextFree(data_->animations) : index;
   if (position >= kMaxAnimations) {

@@ -73,8 +73,7 @@ class Filler {
  private:
   void MakeTextures() {
     for (const base::Image& image : source_.images) {
-      const String name =
-          file_ + u'#' + StringConverter::ToString(static_cast<std::int32_t>(data_.textures.size()));
+      const String name = file_ + u'#' + StringConverter::ToString(static_cast<std::int32_t>(data_.textures.size()));
       data_.textures.push_back(std::make_unique<base::TextureObject>(name, kDefaultGroup, image, context_));
     }
   }
@@ -149,7 +148,7 @@ class Filler {
     params.AddTexture(TEXTURE_SLOT_1, TextureAt(material->baseImage));
   }
 
-  Texture* TextureAt(std::int32_t image) {
+  [[nodiscard]] Texture* TextureAt(std::int32_t image) const {
     const auto* texture = At(data_.textures, image);
     return texture == nullptr ? nullptr : texture->get();
   }

@@ -14,7 +14,7 @@ void SimpleSceneInstance::Render(Viewport* viewport, std::uint32_t pass, const L
   base::Context* context = base::CurrentContext();
   if (context == nullptr || scene == nullptr) return;
   const Camera* camera = viewport == nullptr ? nullptr : viewport->GetCamera();
-  lights_ = lights;
+  const LightList& kept = context->render.Keep(lights);
 
   const std::vector<TMNode*>& nodes = scene->GetNodes();
   std::size_t drawn = 0;
@@ -24,7 +24,7 @@ void SimpleSceneInstance::Render(Viewport* viewport, std::uint32_t pass, const L
     Matrix4x4& world = drawMatrices[drawn++];
     world = nodeMatrices[i] * transform;
     const float distance = camera == nullptr ? 0.0F : camera->plane.DistanceTo(world * mesh->box.center);
-    for (SubMesh& subMesh : mesh->subMeshes) context->render.Add({&subMesh, &world, 1, distance, &lights_});
+    for (SubMesh& subMesh : mesh->subMeshes) context->render.Add({&subMesh, &world, 1, distance, &kept});
   }
 }
 

@@ -58,8 +58,8 @@ std::int32_t SceneService::CreateInstance(const String& scene, const String& sim
   const std::int32_t id = NextId();
   Scene& home = target->second;
   home.instances.insert(id);
-  instances_.emplace(
-      id, Placed{&home, std::make_unique<Instance>(simpleScene, *source->second, transform, desc.animates, home.lights)});
+  instances_.emplace(id, Placed{&home, std::make_unique<Instance>(simpleScene, *source->second, transform,
+                                                                  desc.animates, home.lights)});
   return id;
 }
 

@@ -16,30 +16,36 @@ SoundService::~SoundService() {
 
 SoundHandle SoundService::CreateSound(const Char* file, const SoundDesc& desc, std::int32_t kind) {
   Record("ISound::CreateSound", file, kind);
-  const Samples::pointer sample = Load(file == nullptr ? u"" : file);
+  const StringView name = file == nullptr ? StringView() : file;
+  const Samples::pointer sample = Load(name);
   if (sample == nullptr) return 0;
   ++sample->second.uses;
   if (++last_ == 0) ++last_;
-  sounds_.insert_or_assign(last_, Sound{sample, desc.volume});
+  sounds_.insert_or_assign(last_, Sound{String(name), sample, desc.volume});
   return last_;
 }
 
 void SoundService::Play(SoundHandle sound) {
+  Record("ISound::Play", FileOf(sound));
   const auto found = sounds_.find(sound);
   if (found == sounds_.end()) return;
-  Record("ISound::Play", StringView(found->second.sample->first));
   backend_->Play(found->second.sample->second.name, found->second.volume);
 }
 
 void SoundService::ReleaseSound(SoundHandle sound) {
+  Record("ISound::ReleaseSound", FileOf(sound));
   const auto found = sounds_.find(sound);
   if (found == sounds_.end()) return;
   const Samples::pointer sample = found->second.sample;
-  Record("ISound::ReleaseSound", StringView(sample->first));
   sounds_.erase(found);
   if (--sample->second.uses > 0) return;
   backend_->Free(sample->second.name);
   samples_.erase(samples_.find(sample->first));
+}
+
+StringView SoundService::FileOf(SoundHandle sound) const {
+  const auto found = sounds_.find(sound);
+  return found == sounds_.end() ? StringView() : found->second.file;
 }
 
 SoundService::Samples::pointer SoundService::Load(StringView file) {

@@ -32,11 +32,13 @@ class SoundService final : public ISound {
   using Samples = std::unordered_map<String, Sample>;
 
   struct Sound {
+    String file;  // as it was asked for
     Samples::pointer sample;
     float volume;
   };
 
   Samples::pointer Load(StringView file);
+  [[nodiscard]] StringView FileOf(SoundHandle sound) const;
 
   ISoundBackend* backend_;  // null: System::sound is null as well
   IFileBackend* files_;     // may be null

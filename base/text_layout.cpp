@@ -31,8 +31,8 @@ class Layouter {
     for (std::size_t i = 0; i < text.size(); ++i) {
       const bool pair = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
       if (pair) continue;
-      const bool isBlank = text[i] == u'\r' || (text[i] == u'\n' && options_.singleLine) ||
-                           (text[i] == u'\t' && !options_.expandTabs);
+      const bool isBlank =
+          text[i] == u'\r' || (text[i] == u'\n' && options_.singleLine) || (text[i] == u'\t' && !options_.expandTabs);
       clean.push_back(isBlank ? u' ' : text[i]);
     }
     return clean;

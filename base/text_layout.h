@@ -11,8 +11,8 @@ namespace qen::base {
 
 class FontObject;
 
-// In font pixels. Glyphs are relative to the beginning of their line's base line; lines follow each other downwards, one
-// cell of the font each.
+// In font pixels. Glyphs are relative to the beginning of their line's base line; lines follow each other downwards,
+// one cell of the font each.
 struct TextLayout {
   struct Line {
     std::uint32_t firstGlyph = 0;

@@ -45,9 +45,6 @@ class QEN_API SimpleSceneInstance {
 
   Matrix4x4 transform = Matrix4x4::Identity;  // of the whole instance
   SimpleScene* scene = nullptr;               // what it shows, not owned; null when that is gone
-
- private:
-  LightList lights_;  // of the last Render, which must stay until the frame is drawn
 };
 
 // What the scene manager keeps for an instance id.

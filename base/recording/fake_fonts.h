@@ -10,18 +10,18 @@
 namespace qen::base {
 
 // A font of height h (either sign, 0 is 16) has cells of |h| pixels, four fifths of them above the base line; each
-// character is |h| / 2 wide and fills its cell. Combining marks (U+0300 to U+036F) and the second half of a surrogate pair
-// belong to the cluster before them and take no room. Blanks have no picture.
+// character is |h| / 2 wide and fills its cell. Combining marks (U+0300 to U+036F) and the second half of a surrogate
+// pair belong to the cluster before them and take no room. Blanks have no picture.
 class QEN_API FakeFonts final : public IFontBackend {
  public:
-  static constexpr std::uint32_t kBitmapTexture = 9001;         // of all glyphs of that style
+  static constexpr std::uint32_t kBitmapTexture = 9001;  // of all glyphs of that style
   static constexpr std::uint32_t kDistanceFieldTexture = 9002;
 
   std::unique_ptr<IFontFace> CreateFace(const FontRequest& request) override;
 
-  std::set<String> missing;      // faces that cannot be made
-  std::int32_t faceCount = 0;    // that exist
-  std::int32_t shapeCount = 0;   // lines shaped so far
+  std::set<String> missing;     // faces that cannot be made
+  std::int32_t faceCount = 0;   // that exist
+  std::int32_t shapeCount = 0;  // lines shaped so far
 };
 
 }  // namespace qen::base

@@ -8,8 +8,8 @@
 
 namespace qen::base {
 
-// Knows scenes and animations by their file names; what is in the files does not matter. A file whose content begins with
-// "bad" is broken, any other is a picture of 2 x 2 white pixels when asked for one.
+// Knows scenes and animations by their file names; what is in the files does not matter. A file whose content begins
+// with "bad" is broken, any other is a picture of 2 x 2 white pixels when asked for one.
 class QEN_API FakeScenes final : public ISceneBackend {
  public:
   std::optional<SceneData> ParseScene(StringView file, std::span<const std::uint8_t> bytes, bool withTextures,

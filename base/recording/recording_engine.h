@@ -32,7 +32,7 @@ class QEN_API RecordingEngine {
   void AddPictureFile(StringView file);
   void AddSound(StringView file);  // FakeSound knows it by its name in UTF-8
 
-  void Animate(double seconds);               // advances the clock first
+  void Animate(double seconds);                  // advances the clock first
   void Draw(const std::function<void()>& draw);  // one frame: begin, `draw`, end
 
   void RecordCalls(bool on);  // on at first

@@ -217,6 +217,27 @@ TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 0, 0})) << "back at rest";
 }
 
+TEST_F(SceneTest, AScenesFirstStateIsAsAsked) {
+  SceneData data;
+  AddNode(data, u"a");
+  engine.AddScene(u"s", data);
+  engine.AddAnimation(u"m", MoveNode(u"a", {}, {1, 0, 0}, 1.0F));
+  SimpleScene scene("test", 1);
+  ASSERT_TRUE(scene.Load(u"s", true));
+  ASSERT_TRUE(scene.LoadAnimData(u"m", 0));
+  System::sceneMng->CreateScene(u"world", false);
+  InstanceDesc still;
+  still.animates = false;
+  EXPECT_EQ(Place(scene, still)->animCtrl, nullptr);
+  SimpleSceneInstance* placed = Place(scene);
+  Play(*placed, 0);
+  engine.Animate(1.0);
+  EXPECT_EQ(placed->nodeMatrices[0].GetTranslation(), Vec3());
+  System::sceneMng->DisableScene(u"world", false);
+  engine.Animate(1.0);
+  EXPECT_EQ(placed->nodeMatrices[0].GetTranslation(), (Vec3{1, 0, 0}));
+}
+
 TEST_F(SceneTest, Interpolations) {
   SceneData data;
   for (const Char* name : {u"step", u"cubic", u"turn", u"bad"}) AddNode(data, name);
@@ -308,8 +329,7 @@ TEST_F(SceneTest, AnythingMayGoFirst) {
   EXPECT_LT(System::sceneMng->CreateInstance(u"world", u"page", Matrix4x4::Identity, {}, {}), 0) << "its name went too";
   System::sceneMng->DestroyScene(u"world");
   engine.engine.EndFrame(engine.viewport);
-  EXPECT_EQ(engine.render.frame.items.at(0).entry.lights, nullptr);
-  EXPECT_EQ(engine.render.frame.items.at(1).entry.lights, nullptr) << "its mesh was gone already";
+  EXPECT_EQ(engine.render.frame.items.at(0).kind, DrawKind::Triangles3D) << "its mesh is gone";
 }
 
 TEST_F(SceneTest, ADestroyedSceneLetsItsLightsGo) {
@@ -323,8 +343,14 @@ TEST_F(SceneTest, ADestroyedSceneLetsItsLightsGo) {
   System::sceneMng->AddLight(u"world", &ours, {});
   engine.Draw([&] {
     placed->Render(&engine.viewport, 2, {&ours, &others});
+    RenderEntry entry = placed->entries[0];
+    entry.subMesh = scene.GetNodes()[0]->mesh->GetSubMesh(0);
+    System::render->Submit(entry);
     System::sceneMng->DestroyScene(u"world");
   });
+  EXPECT_EQ(engine.render.frame.items.at(1).entry.lights, nullptr);
+  const DrawItem& drawn = engine.engine.GetDrawList().items.at(1);
+  EXPECT_EQ(drawn.entry.world, &drawn.world) << "the instance's own matrices are gone";
   EXPECT_EQ(*engine.render.frame.items.at(0).entry.lights, LightList{&others});
 }
 
@@ -410,7 +436,7 @@ TEST(AnimCtrl, PlaysStopsAndLoops) {
   play(2, false, true, 0.0F, 1.0F, false);
   EXPECT_FLOAT_EQ(progress(2), 0.5F) << "not restarted";
   play(2, true, true);
-  control.Advance(0.5);
+  control.Advance(2.5);
   EXPECT_FLOAT_EQ(progress(2), 0.25F) << "backwards through the end";
   control.StopAnimation(2, 0.0F);
   EXPECT_FALSE(control.IsPlaying(2));
