@@ -1,0 +1,74 @@
+#include "host/fonts/distance_field.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace qen::host {
+namespace {
+
+constexpr int kReach = 6;
+
+float ValueOf(std::uint8_t texel) { return (static_cast<float>(texel) - 127.5F) / 127.5F * kReach; }
+
+// A disc of `radius` pixels around the origin, with smooth edges.
+GlyphPicture Disc(float radius) {
+  const auto half = static_cast<std::int32_t>(radius) + 2;
+  GlyphPicture disc{-half, half, 2 * half, 2 * half, {}};
+  for (std::int32_t row = 0; row < disc.height; ++row) {
+    for (std::int32_t column = 0; column < disc.width; ++column) {
+      const float x = static_cast<float>(disc.left + column) + 0.5F;
+      const float y = static_cast<float>(disc.top - row) - 0.5F;
+      const float coverage = std::clamp(radius - std::hypot(x, y) + 0.5F, 0.0F, 1.0F);
+      disc.texels.push_back(static_cast<std::uint8_t>(std::lround(coverage * 255.0F)));
+    }
+  }
+  return disc;
+}
+
+TEST(DistanceFieldTest, TellsHowFarTheEdgeOfADiscIs) {
+  constexpr float kRadius = 20.3F;
+  DistanceField field;
+  GlyphPicture made;
+  field.Make(Disc(kRadius), kReach, made);
+  ASSERT_EQ(made.texels.size(), static_cast<std::size_t>(made.width * made.height));
+  std::size_t i = 0;
+  for (std::int32_t row = 0; row < made.height; ++row) {
+    for (std::int32_t column = 0; column < made.width; ++column, ++i) {
+      const float x = static_cast<float>(made.left + column) + 0.5F;
+      const float y = static_cast<float>(made.top - row) - 0.5F;
+      const float exact = kRadius / DistanceField::kOversampling - std::hypot(x, y);
+      if (std::abs(exact) > kReach - 0.5F) continue;
+      // At the middle of the disc four different distances are averaged.
+      const float tolerance = exact > 8.0F ? 0.5F : 0.2F;
+      EXPECT_NEAR(ValueOf(made.texels[i]), exact, tolerance) << column << ' ' << row;
+    }
+  }
+}
+
+TEST(DistanceFieldTest, LeavesRoomAllAround) {
+  DistanceField field;
+  GlyphPicture made;
+  for (const std::int32_t left : {-3, -2, 0, 5}) {
+    GlyphPicture source{left, 7, 3, 5, std::vector<std::uint8_t>(15, 255)};
+    field.Make(source, kReach, made);
+    EXPECT_LE(made.left + kReach, std::floor(static_cast<float>(left) / 2.0F));
+    EXPECT_GE(made.left + made.width - kReach, std::ceil(static_cast<float>(left + 3) / 2.0F));
+    EXPECT_GE(made.top - kReach, 4);
+    EXPECT_LE(made.top - made.height + kReach, 1);
+    for (std::int32_t column = 0; column < made.width; ++column) {
+      EXPECT_LT(made.texels[static_cast<std::size_t>(column)], 25);
+    }
+  }
+}
+
+TEST(DistanceFieldTest, AnEmptyPictureIsOutsideEverywhere) {
+  DistanceField field;
+  GlyphPicture made;
+  field.Make({0, 4, 4, 4, std::vector<std::uint8_t>(16, 0)}, kReach, made);
+  EXPECT_TRUE(std::ranges::all_of(made.texels, [](std::uint8_t texel) { return texel == 0; }));
+}
+
+}  // namespace
+}  // namespace qen::host
