@@ -12,8 +12,8 @@ LANTERNS = [(-66, 20, 30, 4.6), (66, 20, 22, 4.2), (-78, 70, -16, 3.8), (84, 60,
 
 def board(surfaces):
     """The ground of the choices: a dark plate in a brass frame, hung on two ropes."""
-    image = kit.picture("slate", paint.plate((0.035, 0.03, 0.08), (0.09, 0.07, 0.17), 256, 256, 21))
-    slate = kit.material("slate", roughness=0.7, image=image)
+    image = kit.picture("slate", paint.plate((0.06, 0.05, 0.17), (0.17, 0.12, 0.36), 256, 256, 21))
+    slate = kit.material("slate", roughness=1.0, image=image)
     node = kit.empty("Board", (0, 8, 0))
     kit.plaque("plate", 104, 84, 4, 7, slate, surfaces["brass"], node, rim_width=2.0, bulge=-0.2)
     for x in (-38, 38):

@@ -54,7 +54,7 @@ def with_alpha(rgb, alpha):
     return np.concatenate([np.clip(rgb, 0, 1), np.clip(alpha, 0, 1)[..., None]], axis=-1)
 
 
-def dusk_sky(height=640, width=1280, sun=(0.66, 0.36)):
+def dusk_sky(height=640, width=1280, sun=(0.60, 0.47)):
     """An evening sky: stars above, a low sun behind streaks of cloud, a sea of mist below."""
     u, v = coordinates(height, width)
     rgb = gradient(
@@ -72,7 +72,7 @@ def dusk_sky(height=640, width=1280, sun=(0.66, 0.36)):
     distance = np.hypot((u - sun[0]) * 2.0, v - sun[1])
     rgb += np.exp(-((distance / 0.42) ** 2))[..., None] * np.array([0.35, 0.20, 0.05])
     rgb += np.exp(-((distance / 0.14) ** 2))[..., None] * np.array([0.55, 0.42, 0.20])
-    disc = smooth((0.062 - distance) / 0.004)[..., None]
+    disc = smooth((0.050 - distance) / 0.006)[..., None]
     rgb = mix(rgb, np.array([1.0, 0.93, 0.74]), disc)
 
     streaks = clouds(height, width, 14, 5, RNG_SEED)

@@ -17,7 +17,7 @@ def build():
     ground = kit.empty("Board", (0, 6, 0))
     kit.plaque("plate", 96, 46, 4, 7, kit.material("parchment", roughness=0.8, image=image), surfaces["brass"], ground,
                rim_width=1.8, bulge=-0.2)
-    text = kit.empty("~tQuestion", (0, 0, 10))
+    text = kit.empty("~tQuestion", (0, 0, 7))
     kit.card("normal", 86, 16, None, text)
     looks = buttons.button_materials()
     made = [buttons.button("Yes", (-22, 0, -11), 38, 11.5, looks), buttons.button("No", (22, 0, -11), 38, 11.5, looks)]

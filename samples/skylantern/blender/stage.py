@@ -30,8 +30,8 @@ def shared_materials():
         "roof": kit.material("roof", (0.20, 0.045, 0.06), roughness=0.6),
         "window": kit.material("window", (0.2, 0.1, 0.03), emission=GLOW, strength=1.6),
         "lantern": kit.material("lantern", (0, 0, 0), roughness=1.0, emission=(1, 1, 1), emission_image=light),
-        "glow": kit.material("glow", roughness=1.0, image=kit.picture("glow", paint.glow()), blend=True,
-                             emission=(0.9, 0.48, 0.16), strength=0.6),
+        "glow": kit.material("glow", (1, 1, 1), roughness=1.0, image=kit.picture("glow", paint.glow()), blend=True,
+                             emission=(0.42, 0.10, 0.0)),
         "brass": kit.material("brass", (0.62, 0.36, 0.12), metallic=0.6, roughness=0.35,
                               emission=(0.10, 0.045, 0.01)),
     }
