@@ -101,6 +101,7 @@ class Filler {
       const NodeData& source = source_.nodes[i];
       TMNode& node = data_.nodes[i];
       node.name = source.name;
+      node.position = static_cast<std::uint32_t>(i);
       globals[i] = base::ToMatrix(source.pose);
       if (source.parent >= 0 && static_cast<std::size_t>(source.parent) < i) {
         node.parent = static_cast<std::uint32_t>(source.parent);

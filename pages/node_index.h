@@ -1,7 +1,6 @@
 // The tree of a scene's nodes, for looking up children by name.
 #pragma once
 
-#include <unordered_map>
 #include <vector>
 
 #include "engine/types.h"
@@ -22,10 +21,8 @@ class NodeIndex final : public IChildNodes {
   [[nodiscard]] std::int32_t NodePosition(const TMNode* node) const override;
 
  private:
-  std::unordered_map<const TMNode*, std::uint32_t> positions_;
-  std::vector<CGuiParent> parents_;   // one a node, in node order
-  std::vector<TMNode*> nodes_;        // likewise
-  std::vector<String> loweredNames_;  // likewise
+  std::vector<CGuiParent> parents_;  // one a node, in node order
+  std::vector<TMNode*> nodes_;       // likewise
 };
 
 }  // namespace qen

@@ -1,4 +1,4 @@
-// A page of many buttons, in rows and columns that fill the view.
+// A page of many buttons that share their meshes, in rows and columns that fill the view.
 #pragma once
 
 #include "tests/module/gui_fixture.h"
@@ -16,8 +16,14 @@ inline void AddBigPage(base::RecordingEngine& engine, const String& name, std::s
     const String button(digits.begin(), digits.end());
     const Vec3 place{static_cast<float>(i % columns) * step - 75.0F, static_cast<float>(i / columns) * step - 55.0F, 0};
     const std::int32_t node = base::AddNode(scene, u"~b" + button, -1, place);
+    std::int32_t mesh = 0;
     for (const StringView state : {u"normal", u"onmouse", u"disabled"}) {
-      base::AddBox(scene, String(state) + button, node, {}, {step * 0.4F, step * 0.3F, 1.0F});
+      if (i == 0) {
+        base::AddBox(scene, String(state) + button, node, {}, {step * 0.4F, step * 0.3F, 1.0F});
+      } else {
+        base::AddNode(scene, String(state) + button, node);
+        scene.nodes.back().mesh = mesh++;
+      }
     }
     definition += u"item ~b" + button + u"\n{\n\t tooltip 3\n\t message play:level" + button + u"\n}\n";
   }
