@@ -1,0 +1,55 @@
+#include "host/app/game.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/utf.h"
+#include "engine/item_info.h"
+#include "engine/messages.h"
+#include "engine/msg_daemon.h"
+#include "engine/system.h"
+#include "host/app/pages.h"
+
+namespace qen::host {
+namespace {
+
+// Commands are sent to every category; this one keeps the GUI's input away.
+constexpr std::uint32_t kGameCategory = 0x1;
+
+constexpr std::array<StringView, 13> kGuiWords{
+    u"setpage",           u"undopage",       u"addrenderpage",  u"remrenderpage",     u"addactivepage",
+    u"remactivepage",     u"removeallfromrender", u"un/checked", u"radiogroup",       u"visible/unvisible",
+    u"unvisible/visible", u"enable/disable", u"settext"};
+
+bool IsGuiWord(StringView word) { return std::ranges::find(kGuiWords, word) != kGuiWords.end(); }
+
+}  // namespace
+
+Game::Game(LineSink print) : print_(std::move(print)) { System::daemon->AddHandler(this, kGameCategory); }
+
+Game::~Game() { System::daemon->RemoveHandler(this, kGameCategory); }
+
+std::int32_t Game::OnMessage(const Msg& message) {
+  if (message.id == message::kCommand) OnCommand(*reinterpret_cast<GuiMessage*>(message.second));
+  if (message.id == message::kNotification) OnNotification(*reinterpret_cast<const GuiMessage*>(message.second));
+  return 0;
+}
+
+void Game::OnCommand(GuiMessage& record) {
+  if (record.handled != 0 || IsGuiWord(record.command)) return;
+  print_("command: " + base::ToUtf8(record.text));
+  if (record.command == u"quit") quit_ = true;
+  record.handled = 1;
+}
+
+void Game::OnNotification(const GuiMessage& record) {
+  std::string line = "notification: " + base::ToUtf8(record.text);
+  const ICGUIObject* source = FindLiving(*System::gui, record.source);
+  if (source != nullptr && source->info != nullptr) {
+    line += " (" + base::ToUtf8(source->info->name) + " = " + std::to_string(source->info->position) + ')';
+  }
+  print_(line);
+}
+
+}  // namespace qen::host

@@ -1,0 +1,36 @@
+// Plays the part of the game: takes the commands that the GUI leaves to others.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "engine/gui_message.h"
+#include "engine/object.h"
+
+namespace qen::host {
+
+// Receives a line to print.
+using LineSink = std::function<void(const std::string& line)>;
+
+// Registered with the engine's message daemon while it lives. The GUI's own words pass; every other command is printed
+// once and marked handled, "quit" also ends the program. Notifications are printed.
+class Game final : public Object {
+ public:
+  explicit Game(LineSink print);
+  ~Game() override;
+  Game(const Game&) = delete;
+  Game& operator=(const Game&) = delete;
+
+  std::int32_t OnMessage(const Msg& message) override;
+
+  [[nodiscard]] bool HasQuit() const { return quit_; }
+
+ private:
+  void OnCommand(GuiMessage& record);
+  void OnNotification(const GuiMessage& record);
+
+  LineSink print_;
+  bool quit_ = false;
+};
+
+}  // namespace qen::host

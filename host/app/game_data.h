@@ -1,0 +1,23 @@
+// Where the program's data comes from.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "engine/types.h"
+#include "host/files/physfs_files.h"
+
+namespace qen::host {
+
+struct GameData {
+  String description;            // the name of the GUI description in the data
+  std::filesystem::path folder;  // where the GUI writes its files
+};
+
+// Mounts the folder of a description that is a file, then each of `places` over it. Otherwise the description is a name
+// in `places`, and the last of them that is a folder is written to. Throws std::runtime_error, naming what cannot be
+// read.
+GameData MountGameData(const std::string& description, const std::vector<std::string>& places, PhysfsFiles& files);
+
+}  // namespace qen::host

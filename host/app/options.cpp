@@ -1,0 +1,78 @@
+#include "host/app/options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <stdexcept>
+#include <string_view>
+
+namespace qen::host {
+namespace {
+
+constexpr std::int32_t kMaxSide = 16384;
+
+constexpr const char* kFooter =
+    "In the window: Alt+Enter switches full screen, F12 writes a picture.\n"
+    "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
+
+bool ParseSide(std::string_view text, std::int32_t& side) {
+  const char* end = text.data() + text.size();
+  const auto [stop, problem] = std::from_chars(text.data(), end, side);
+  return problem == std::errc{} && stop == end && side >= 1 && side <= kMaxSide;
+}
+
+// "1280x960"
+bool ParseSize(std::string_view text, Options& options) {
+  const std::size_t cross = text.find('x');
+  return cross != std::string_view::npos && ParseSide(text.substr(0, cross), options.width) &&
+         ParseSide(text.substr(cross + 1), options.height);
+}
+
+void Declare(CLI::App& app, Options& options) {
+  app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style")
+      ->required();
+  app.add_option("--page", options.page, "The page to show first; the description's first page without it");
+  app.add_option_function<std::string>(
+         "--size",
+         [&options](const std::string& text) {
+           if (!ParseSize(text, options)) throw CLI::ValidationError("--size", text + " is no size such as 1280x960");
+         },
+         "The size of the window or picture in pixels, 1280x960 without it")
+      ->type_name("WxH");
+  app.add_flag("--offscreen", options.offscreen, "Opens no window; needs no display");
+  app.add_option("--shot", options.shot, "Writes a picture of the page when its entrance is over, and ends")
+      ->type_name("FILE.png");
+  app.add_option("--tour", options.tour, "Goes through the pages off screen and writes pictures into the folder")
+      ->type_name("FOLDER");
+  app.add_option("--trace", options.trace, "Writes every call into the engine, one JSON object a line")
+      ->type_name("FILE");
+  app.add_option("--language", options.language, "The language of the texts, english without it")->type_name("NAME");
+  app.add_option("--data", options.data,
+                 "Files are looked for there too; may be given again, later ones come before earlier ones")
+      ->type_name("FOLDER_OR_ZIP")
+      ->allow_extra_args(false);
+  app.add_option("--module", options.module, "The GUI module, found beside the program without it")->type_name("FILE");
+  app.add_flag("--fps", options.fps, "Shows frame times on screen");
+  app.add_option("--frames", options.frames, "Ends after so many frames")->type_name("N");
+  app.set_help_flag("--help", "Prints this help and ends");
+  app.set_version_flag("--version", "guihost " GUIHOST_VERSION, "Prints the version and ends");
+  app.footer(kFooter);
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(int argc, const char* const* argv) {
+  Options options;
+  CLI::App app("Shows and runs a GUI on a small engine of its own.", "guihost");
+  Declare(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& request) {
+    app.exit(request);
+    return std::nullopt;
+  } catch (const CLI::ParseError& problem) {
+    throw std::runtime_error(std::string(problem.what()) + " (see guihost --help)");
+  }
+  return options;
+}
+
+}  // namespace qen::host

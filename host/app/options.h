@@ -1,0 +1,32 @@
+// What the command line asks for.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qen::host {
+
+// Paths and names are UTF-8; empty where nothing was asked for.
+struct Options {
+  std::string description;
+  std::string page;
+  std::int32_t width = 1280;
+  std::int32_t height = 960;
+  bool offscreen = false;
+  std::string shot;
+  std::string tour;
+  std::string trace;
+  std::string language;
+  std::vector<std::string> data;
+  std::string module;
+  bool fps = false;
+  std::optional<std::uint32_t> frames;
+};
+
+// Nothing when help or version were asked for, which are printed. Throws std::runtime_error, with one line that names
+// the option, when something is wrong.
+std::optional<Options> ParseOptions(int argc, const char* const* argv);
+
+}  // namespace qen::host

@@ -1,0 +1,40 @@
+#include "host/app/picture_file.h"
+
+#include <cstdint>
+#include <fstream>
+#include <stdexcept>
+#include <vector>
+
+#define STB_IMAGE_WRITE_IMPLEMENTATION
+#define STB_IMAGE_WRITE_STATIC
+#define STBI_WRITE_NO_STDIO
+#include <stb/stb_image_write.h>
+
+namespace qen::host {
+namespace {
+
+constexpr int kChannels = 3;
+
+// What was blended into the frame's alpha says nothing about the picture.
+std::vector<std::uint8_t> WithoutAlpha(const std::vector<std::uint8_t>& rgba) {
+  std::vector<std::uint8_t> rgb;
+  rgb.reserve(rgba.size() / 4 * kChannels);
+  for (std::size_t i = 0; i + 3 < rgba.size(); i += 4) rgb.insert(rgb.end(), {rgba[i], rgba[i + 1], rgba[i + 2]});
+  return rgb;
+}
+
+}  // namespace
+
+void WritePicture(const base::Image& image, const std::filesystem::path& file) {
+  const std::vector<std::uint8_t> rgb = WithoutAlpha(image.rgba);
+  std::ofstream stream(file, std::ios::binary);
+  const auto append = [](void* target, void* bytes, int size) {
+    static_cast<std::ofstream*>(target)->write(static_cast<const char*>(bytes), size);
+  };
+  const int encoded =
+      stbi_write_png_to_func(append, &stream, image.width, image.height, kChannels, rgb.data(), kChannels * image.width);
+  stream.close();
+  if (encoded == 0 || !stream) throw std::runtime_error("cannot write " + file.string());
+}
+
+}  // namespace qen::host

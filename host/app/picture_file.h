@@ -1,0 +1,13 @@
+// Pictures as PNG files.
+#pragma once
+
+#include <filesystem>
+
+#include "base/backends/image.h"
+
+namespace qen::host {
+
+// Writes a picture, opaque. Throws std::runtime_error, naming the file, when it cannot be written.
+void WritePicture(const base::Image& image, const std::filesystem::path& file);
+
+}  // namespace qen::host

@@ -1,0 +1,84 @@
+// The engine on its real backends, with the GUI module running in it.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "base/clock.h"
+#include "base/engine.h"
+#include "engine/camera.h"
+#include "engine/gui.h"
+#include "engine/viewport.h"
+#include "host/app/frame_times.h"
+#include "host/app/game.h"
+#include "host/app/game_data.h"
+#include "host/app/module_library.h"
+#include "host/app/options.h"
+#include "host/files/physfs_files.h"
+#include "host/fonts/freetype_fonts.h"
+#include "host/render/gl_renderer.h"
+#include "host/scenes/gltf_scenes.h"
+#include "host/sounds/mixer_sounds.h"
+#include "host/window/sdl_ime.h"
+#include "host/window/sdl_window.h"
+
+namespace qen::host {
+
+struct StageOptions {
+  bool offscreen = false;    // no window and nothing heard
+  bool manualClock = false;  // time passes by Update alone
+};
+
+// Everything is loaded and the first page asked for when it is made. Throws std::runtime_error, with one line, when
+// that is not possible.
+class Stage {
+ public:
+  Stage(const Options& options, const StageOptions& stageOptions);
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  [[nodiscard]] IGui& Gui() const { return module_.Gui(); }
+  [[nodiscard]] SdlWindow& Window() { return window_; }
+  [[nodiscard]] const Camera& GetCamera() const { return camera_; }
+  [[nodiscard]] bool HasQuit() const { return game_.HasQuit(); }
+
+  // Sends a message to the GUI.
+  void Send(std::uint32_t id, std::uint32_t first = 0, std::uintptr_t second = 0);
+
+  // Puts the cursor on a point of the client area and tells the GUI.
+  void MoveCursor(base::Point client);
+
+  void Resize();                // to the window's size
+  void Update(double seconds);  // one frame without its picture; the seconds are for the manual clock
+  void Draw();                  // the picture
+
+  // Updates until no page is animated and nothing waits, for 10 seconds of the manual clock at most.
+  void Settle();
+
+  void WritePicture(const std::filesystem::path& file) const;  // of what was drawn last
+
+ private:
+  void Load(const Options& options);
+  void ChooseLanguage(StringView name);
+  void ShowFirstPage(StringView name);
+
+  PhysfsFiles files_;
+  GameData data_;
+  SdlWindow window_;
+  GlRenderer renderer_;
+  FreetypeFonts fonts_;
+  SdlIme ime_;
+  std::unique_ptr<MixerSounds> sounds_;
+  GltfScenes scenes_;
+  base::ManualClock clock_;
+  base::Engine engine_;
+  Game game_;
+  Camera camera_;
+  Viewport viewport_;
+  ModuleLibrary module_;
+  std::optional<FrameTimes> frameTimes_;
+};
+
+}  // namespace qen::host

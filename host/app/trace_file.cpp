@@ -1,0 +1,36 @@
+#include "host/app/trace_file.h"
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "base/call_record.h"
+
+namespace qen::host {
+namespace {
+
+std::string ToJsonLine(const base::Call& call) {
+  nlohmann::ordered_json line;
+  line["call"] = call.name;
+  nlohmann::ordered_json& arguments = line["args"] = nlohmann::ordered_json::array();
+  for (const base::CallArgument& argument : call.arguments) {
+    std::visit([&arguments](const auto& value) { arguments.push_back(value); }, argument);
+  }
+  return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace
+
+TraceFile::TraceFile(const std::string& file) : name_(file), file_(file, std::ios::binary) {
+  if (!file_) throw std::runtime_error("cannot write " + name_);
+  base::SetCallSink([this](const base::Call& call) { file_ << ToJsonLine(call); });
+}
+
+TraceFile::~TraceFile() { base::SetCallSink(nullptr); }
+
+void TraceFile::Finish() {
+  base::SetCallSink(nullptr);
+  file_.close();
+  if (!file_) throw std::runtime_error("cannot write " + name_);
+}
+
+}  // namespace qen::host

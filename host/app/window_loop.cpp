@@ -1,0 +1,110 @@
+#include "host/app/window_loop.h"
+
+#include <SDL.h>
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <thread>
+
+#include "engine/messages.h"
+
+namespace qen::host {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr double kStep = 1.0 / 60.0;                    // off screen
+constexpr std::chrono::milliseconds kShortestFrame{4};  // where the display does not set the pace
+constexpr std::chrono::milliseconds kHiddenFrame{100};
+constexpr std::int32_t kMainButton = 1;
+
+// The GUI knows the main button and others.
+std::uint32_t ToButton(std::int32_t button) { return button == kMainButton ? 1 : 2; }
+
+std::uintptr_t Pack(base::Point point) {
+  return static_cast<std::uint16_t>(point.x) | static_cast<std::uintptr_t>(static_cast<std::uint16_t>(point.y)) << 16U;
+}
+
+bool IsHidden() {
+  SDL_Window* window = SDL_GL_GetCurrentWindow();
+  return window != nullptr && (SDL_GetWindowFlags(window) & (SDL_WINDOW_MINIMIZED | SDL_WINDOW_HIDDEN)) != 0;
+}
+
+std::filesystem::path NextPictureName() {
+  int number = 1;
+  std::filesystem::path file;
+  do {
+    file = "guihost_" + std::to_string(number++) + ".png";
+  } while (std::filesystem::exists(file));
+  return file;
+}
+
+class WindowLoop {
+ public:
+  explicit WindowLoop(Stage& stage) : stage_(stage) {}
+
+  void Run(std::optional<std::uint32_t> frames) {
+    for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
+      const Clock::time_point start = Clock::now();
+      while (const auto event = stage_.Window().NextEvent()) Handle(*event);
+      stage_.Update(kStep);
+      stage_.Draw();
+      stage_.Window().Swap();
+      if (pictureWanted_) TakePicture();
+      std::this_thread::sleep_until(start + (IsHidden() ? kHiddenFrame : kShortestFrame));
+    }
+  }
+
+ private:
+  void Handle(const InputEvent& event) {
+    const auto value = static_cast<std::uint32_t>(event.value);
+    switch (event.kind) {
+      case InputKind::MouseMove:
+        return stage_.Send(message::kMouseMove, 0, Pack(event.cursor));
+      case InputKind::ButtonDown:
+        return stage_.Send(message::kButtonDown, ToButton(event.value), Pack(event.cursor));
+      case InputKind::ButtonUp:
+        return stage_.Send(message::kButtonUp, ToButton(event.value), Pack(event.cursor));
+      case InputKind::Wheel:
+        return stage_.Send(message::kWheel, value & 0xFFFFU);
+      case InputKind::Key:
+        return stage_.Send(message::kKey, value);
+      case InputKind::Special:
+        return HandleSpecial(event);
+      case InputKind::Resize:
+        return stage_.Resize();
+      case InputKind::FocusLost:
+        return;
+      case InputKind::Quit:
+        closed_ = true;
+    }
+  }
+
+  void HandleSpecial(const InputEvent& event) {
+    if (event.value == SDLK_RETURN && (event.modifiers & KMOD_ALT) != 0) stage_.Window().ToggleFullscreen();
+    if (event.value == SDLK_F12) pictureWanted_ = true;
+  }
+
+  void TakePicture() {
+    pictureWanted_ = false;
+    try {
+      const std::filesystem::path file = NextPictureName();
+      stage_.WritePicture(file);
+      std::printf("%s\n", file.string().c_str());
+    } catch (const std::exception& problem) {
+      std::fprintf(stderr, "guihost: %s\n", problem.what());  // no reason to end
+    }
+  }
+
+  Stage& stage_;
+  bool closed_ = false;
+  bool pictureWanted_ = false;
+};
+
+}  // namespace
+
+void RunWindowLoop(Stage& stage, std::optional<std::uint32_t> frames) { WindowLoop(stage).Run(frames); }
+
+}  // namespace qen::host

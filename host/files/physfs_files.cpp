@@ -1,0 +1,85 @@
+#include "host/files/physfs_files.h"
+
+#include <physfs.h>
+
+#include <algorithm>
+#include <memory>
+#include <ranges>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "host/files/data_path.h"
+
+namespace qen::host {
+namespace {
+
+const char* LastError() {
+  const char* error = PHYSFS_getErrorByCode(PHYSFS_getLastErrorCode());
+  return error == nullptr ? "unknown error" : error;
+}
+
+struct CloseFile {
+  void operator()(PHYSFS_File* file) const { PHYSFS_close(file); }
+};
+
+// Folders, and what is neither folder nor file, are refused before they are opened: that could wait for ever.
+bool MayBeFile(const std::string& path) {
+  PHYSFS_Stat stat;
+  return PHYSFS_stat(path.c_str(), &stat) != 0 &&
+         (stat.filetype == PHYSFS_FILETYPE_REGULAR || stat.filetype == PHYSFS_FILETYPE_SYMLINK);
+}
+
+bool ReadWhole(const std::string& path, std::vector<std::uint8_t>& bytes) {
+  if (!MayBeFile(path)) return false;
+  const std::unique_ptr<PHYSFS_File, CloseFile> file(PHYSFS_openRead(path.c_str()));
+  if (file == nullptr) return false;
+  const PHYSFS_sint64 size = PHYSFS_fileLength(file.get());
+  if (size < 0) return false;
+  std::vector<std::uint8_t> content(static_cast<std::size_t>(size));
+  if (PHYSFS_readBytes(file.get(), content.data(), content.size()) != size) return false;
+  bytes = std::move(content);
+  return true;
+}
+
+bool ReadFirst(std::span<const std::string> paths, std::vector<std::uint8_t>& bytes) {
+  return std::ranges::any_of(paths, [&bytes](const std::string& path) { return ReadWhole(path, bytes); });
+}
+
+bool ReadFrom(FoldedTree& tree, std::span<const String> parts, std::vector<std::uint8_t>& bytes) {
+  if (ReadWhole(tree.ExactPath(parts), bytes)) return true;
+  const std::vector<std::string> found = tree.Find(parts);
+  if (found.empty()) return false;
+  if (ReadFirst(found, bytes)) return true;
+  tree.Forget();  // what was listed has been renamed or removed
+  return ReadFirst(tree.Find(parts), bytes);
+}
+
+}  // namespace
+
+PhysfsFiles::PhysfsFiles() {
+  if (PHYSFS_init(nullptr) == 0) throw std::runtime_error(std::string("no file system: ") + LastError());
+  PHYSFS_permitSymbolicLinks(1);
+}
+
+PhysfsFiles::~PhysfsFiles() { PHYSFS_deinit(); }
+
+void PhysfsFiles::Mount(const std::filesystem::path& place) {
+  // Each has its own place in PhysicsFS, so that they can be searched one after the other.
+  const std::string root = std::to_string(mounts_.size());
+  const std::u8string utf8 = place.u8string();
+  const std::string name(utf8.begin(), utf8.end());
+  if (PHYSFS_mount(name.c_str(), root.c_str(), 1) == 0) {
+    throw std::runtime_error("cannot read " + name + ": " + LastError());
+  }
+  mounts_.emplace_back(root);
+}
+
+bool PhysfsFiles::Read(StringView name, std::vector<std::uint8_t>& bytes) {
+  const auto parts = SplitDataPath(name);
+  if (!parts) return false;
+  return std::ranges::any_of(mounts_ | std::views::reverse,
+                             [&](FoldedTree& mount) { return ReadFrom(mount, *parts, bytes); });
+}
+
+}  // namespace qen::host

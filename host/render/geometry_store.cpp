@@ -1,0 +1,43 @@
+#include "host/render/geometry_store.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace qen::host {
+namespace {
+
+const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
+
+void DescribeVertices() {
+  constexpr GLsizei kStride = sizeof(base::Vertex);
+  glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, position)));
+  glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, normal)));
+  glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, u)));
+  glVertexAttribPointer(3, 4, GL_UNSIGNED_BYTE, GL_TRUE, kStride, Offset(offsetof(base::Vertex, color)));
+  for (GLuint i = 0; i < 4; ++i) glEnableVertexAttribArray(i);
+}
+
+}  // namespace
+
+std::uint32_t GeometryStore::Create(std::span<const base::Vertex> vertices, std::span<const std::uint32_t> indices) {
+  if (indices.size() < 3 || std::ranges::max(indices) >= vertices.size()) return 0;
+  Mesh mesh;
+  mesh.count = static_cast<GLsizei>(indices.size() - indices.size() % 3);
+  glBindVertexArray(mesh.array.Get());
+  glBindBuffer(GL_ARRAY_BUFFER, mesh.vertices.Get());
+  glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size_bytes()), vertices.data(), GL_STATIC_DRAW);
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh.indices.Get());
+  glBufferData(GL_ELEMENT_ARRAY_BUFFER, static_cast<GLsizeiptr>(indices.size_bytes()), indices.data(), GL_STATIC_DRAW);
+  DescribeVertices();
+  glBindVertexArray(0);
+  return meshes_.Add(std::move(mesh));
+}
+
+void GeometryStore::Draw(std::uint32_t geometry) const {
+  const Mesh* mesh = meshes_.Find(geometry);
+  if (mesh == nullptr) return;
+  glBindVertexArray(mesh->array.Get());
+  glDrawElements(GL_TRIANGLES, mesh->count, GL_UNSIGNED_INT, nullptr);
+}
+
+}  // namespace qen::host
