@@ -45,12 +45,20 @@ String Describe(const FontRequest& request) {
 
 }  // namespace
 
-FontObject::FontObject(StringView name, StringView group, std::unique_ptr<IFontFace> face, std::uint32_t id)
+FontObject::FontObject(StringView name, StringView group, StringView family, std::unique_ptr<IFontFace> face,
+                       std::uint32_t id, LogService& log)
     : Font(name, group),
+      family_(family),
       face_(std::move(face)),
+      log_(log),
       metric_(MetricOf(*face_)),
       id_(id),
       tabWidth_(TabWidthOf(*face_, metric_)) {}
+
+void FontObject::ReportSubstitute() const {
+  const String substitute = face_->Substitute();
+  if (!substitute.empty()) log_.ReportMissing(u"font", family_, u"taking " + substitute + u" instead");
+}
 
 Font* FontService::CreateEx(const Char* face, std::int32_t height, std::int32_t width, std::int32_t weight, bool italic,
                             std::int32_t quality, const String& group) {
@@ -64,7 +72,7 @@ Font* FontService::CreateEx(const Char* face, std::int32_t height, std::int32_t 
     log_.ReportMissing(u"font", request.face);
     return nullptr;
   }
-  return fonts_.Add(key, std::make_unique<FontObject>(name, group, std::move(made), ++lastId_));
+  return fonts_.Add(key, std::make_unique<FontObject>(name, group, request.face, std::move(made), ++lastId_, log_));
 }
 
 void FontService::Destroy(Resource* resource) {

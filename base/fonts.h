@@ -13,17 +13,25 @@ namespace qen::base {
 
 class FontObject final : public Font {
  public:
-  FontObject(StringView name, StringView group, std::unique_ptr<IFontFace> face, std::uint32_t id);
+  // `family` is the one that was asked for.
+  FontObject(StringView name, StringView group, StringView family, std::unique_ptr<IFontFace> face, std::uint32_t id,
+             LogService& log);
 
   void GetTextMetric(TextMetric& metric) const override { metric = metric_; }
 
   [[nodiscard]] IFontFace& GetFace() const { return *face_; }
+
+  // Logs, once a family, that another one stands in for it. To be called when the font is really used.
+  void ReportSubstitute() const;
+
   [[nodiscard]] const TextMetric& GetMetric() const { return metric_; }
   [[nodiscard]] std::uint32_t GetId() const { return id_; }      // of no other font of this engine, ever
   [[nodiscard]] float GetTabWidth() const { return tabWidth_; }  // eight average characters, in font pixels
 
  private:
+  String family_;
   std::unique_ptr<IFontFace> face_;
+  LogService& log_;
   TextMetric metric_;
   std::uint32_t id_;
   float tabWidth_;

@@ -30,6 +30,7 @@ const TextLayout& TextCache::Get(const FontObject& font, StringView text, const 
     entries_.splice(entries_.begin(), entries_, known->second);
     return known->second->layout;
   }
+  font.ReportSubstitute();
   if (entries_.size() >= kCapacity) {
     index_.erase(entries_.back().key);
     entries_.pop_back();

@@ -29,7 +29,7 @@ String DecodeText(std::span<const std::uint8_t> bytes) {
 
 bool FileService::ReadFile(const Char* name, Char*& buffer, std::uint32_t& size) {
   Record("IVFS::ReadFile", name);
-  if (name == nullptr) return false;
+  if (name == nullptr || *name == u'\0') return false;
   std::vector<std::uint8_t> bytes;
   if (files_ == nullptr || !files_->Read(name, bytes)) {
     log_.ReportMissing(u"file", name);

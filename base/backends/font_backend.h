@@ -41,6 +41,9 @@ class IFontFace {
   virtual ~IFontFace() = default;
   [[nodiscard]] virtual TextMetric Metric() const = 0;
 
+  // The family that stands in for the one asked for; empty when it is that one.
+  [[nodiscard]] virtual String Substitute() const { return {}; }
+
   // Shapes one line (no line feeds; bidirectional order, combining marks, kerning and fallback faces included). `line` is
   // cleared first and keeps its storage.
   virtual void Shape(StringView text, GlyphStyle style, ShapedLine& line) = 0;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/utf.h"
+#include "engine/gui.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
@@ -18,9 +19,10 @@ namespace {
 constexpr std::uint32_t kGameCategory = 0x1;
 
 constexpr std::array<StringView, 13> kGuiWords{
-    u"setpage",           u"undopage",       u"addrenderpage",  u"remrenderpage",     u"addactivepage",
-    u"remactivepage",     u"removeallfromrender", u"un/checked", u"radiogroup",       u"visible/unvisible",
-    u"unvisible/visible", u"enable/disable", u"settext"};
+    u"setpage",       u"undopage",          u"addrenderpage",       u"remrenderpage",
+    u"addactivepage", u"remactivepage",     u"removeallfromrender", u"un/checked",
+    u"radiogroup",    u"visible/unvisible", u"unvisible/visible",   u"enable/disable",
+    u"settext"};
 
 bool IsGuiWord(StringView word) { return std::ranges::find(kGuiWords, word) != kGuiWords.end(); }
 
@@ -40,6 +42,7 @@ void Game::OnCommand(GuiMessage& record) {
   if (record.handled != 0 || IsGuiWord(record.command)) return;
   print_("command: " + base::ToUtf8(record.text));
   if (record.command == u"quit") quit_ = true;
+  if (record.command == u"language") System::gui->SetLanguage(record.argument);
   record.handled = 1;
 }
 

@@ -13,7 +13,8 @@ namespace qen::host {
 using LineSink = std::function<void(const std::string& line)>;
 
 // Registered with the engine's message daemon while it lives. The GUI's own words pass; every other command is printed
-// once and marked handled, "quit" also ends the program. Notifications are printed.
+// once and marked handled; "quit" also ends the program, and "language" switches to the language it names.
+// Notifications are printed.
 class Game final : public Object {
  public:
   explicit Game(LineSink print);

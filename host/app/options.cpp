@@ -14,6 +14,8 @@ constexpr const char* kFooter =
     "In the window: Alt+Enter switches full screen, F12 writes a picture.\n"
     "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
 
+[[noreturn]] void Refuse(const std::string& reason) { throw std::runtime_error(reason + " (see guihost --help)"); }
+
 bool ParseSide(std::string_view text, std::int32_t& side) {
   const char* end = text.data() + text.size();
   const auto [stop, problem] = std::from_chars(text.data(), end, side);
@@ -28,9 +30,9 @@ bool ParseSize(std::string_view text, Options& options) {
 }
 
 void Declare(CLI::App& app, Options& options) {
-  app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style")
-      ->required();
-  app.add_option("--page", options.page, "The page to show first; the description's first page without it");
+  app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style");
+  app.add_option("--page", options.page, "The page to show first; the description's first page without it")
+      ->type_name("NAME");
   app.add_option_function<std::string>(
          "--size",
          [&options](const std::string& text) {
@@ -70,8 +72,10 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
     app.exit(request);
     return std::nullopt;
   } catch (const CLI::ParseError& problem) {
-    throw std::runtime_error(std::string(problem.what()) + " (see guihost --help)");
+    Refuse(problem.what());
   }
+  // Not left to the parser, which would miss it before it names an option that does not exist.
+  if (options.description.empty()) Refuse("no GUI description given");
   return options;
 }
 

@@ -31,8 +31,8 @@ void WritePicture(const base::Image& image, const std::filesystem::path& file) {
   const auto append = [](void* target, void* bytes, int size) {
     static_cast<std::ofstream*>(target)->write(static_cast<const char*>(bytes), size);
   };
-  const int encoded =
-      stbi_write_png_to_func(append, &stream, image.width, image.height, kChannels, rgb.data(), kChannels * image.width);
+  const int encoded = stbi_write_png_to_func(append, &stream, image.width, image.height, kChannels, rgb.data(),
+                                             kChannels * image.width);
   stream.close();
   if (encoded == 0 || !stream) throw std::runtime_error("cannot write " + file.string());
 }

@@ -1,8 +1,8 @@
 #include "host/app/program.h"
 
-#include <cstdlib>
 #include <optional>
 
+#include "host/app/display.h"
 #include "host/app/options.h"
 #include "host/app/stage.h"
 #include "host/app/tour.h"
@@ -13,19 +13,6 @@ namespace qen::host {
 namespace {
 
 constexpr const char* kTourFolder = "shots";
-
-// Only where displays are named by the environment can there be none.
-bool HasDisplay() {
-#if defined(__unix__) && !defined(__APPLE__)
-  const auto isSet = [](const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0';
-  };
-  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
-#else
-  return true;
-#endif
-}
 
 void Play(const Options& options) {
   const bool wantsTour = !options.tour.empty();

@@ -9,6 +9,7 @@
 #include "engine/msg_daemon.h"
 #include "engine/output.h"
 #include "engine/system.h"
+#include "host/app/page_report.h"
 #include "host/app/pages.h"
 #include "host/app/picture_file.h"
 
@@ -65,6 +66,7 @@ void Stage::Load(const Options& options) {
   if (!Gui().Load(data_.description.c_str(), &camera_)) {
     throw std::runtime_error("cannot read " + options.description);
   }
+  ReportIncompletePages(Gui(), [](const std::string& line) { WarnInLog(base::ToUtf16(line)); });
   Gui().SetViewport(&viewport_);
   Send(message::kMouseMove);  // the GUI asks where the cursor is
   if (!options.language.empty()) ChooseLanguage(base::ToUtf16(options.language));

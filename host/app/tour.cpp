@@ -79,6 +79,7 @@ class Tour {
       gui_.SetPage(page);
       ShowSettled(page);
     }
+    ShowOtherLanguages();
   }
 
  private:
@@ -96,6 +97,22 @@ class Tour {
     seen_.insert(page);
     stage_.Settle();
     TakePicture(ToFileName(gui_.GetPageName(page)));
+  }
+
+  // Every page once more in each language that it has not been seen in.
+  void ShowOtherLanguages() {
+    const String first = gui_.GetLanguage();
+    std::set<String> shown{first};
+    for (const String& language : gui_.GetLanguages()) {
+      if (!shown.insert(language).second) continue;
+      gui_.SetLanguage(language);
+      for (const std::uint32_t page : seen_) {
+        gui_.SetPage(page);
+        stage_.Settle();
+        TakePicture(ToFileName(gui_.GetPageName(page)) + '_' + ToFileName(language));
+      }
+    }
+    gui_.SetLanguage(first);
   }
 
   void ShowButtons(std::uint32_t page) {

@@ -17,6 +17,7 @@ class FaceChain {
   FaceChain(std::vector<CatalogFace> faces, FaceLibrary& library);
 
   [[nodiscard]] bool IsEmpty() const { return links_.empty(); }
+  [[nodiscard]] const CatalogFace& First() const { return links_.front().face; }
   [[nodiscard]] FaceFile& File(std::uint32_t i) const { return *links_[i].file; }
   [[nodiscard]] Synthesis SynthesisOf(std::uint32_t i) const { return links_[i].synthesis; }
 

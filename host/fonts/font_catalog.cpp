@@ -1,6 +1,7 @@
 #include "host/fonts/font_catalog.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 #include "base/utf.h"
@@ -39,6 +40,24 @@ bool IsTrue(FcPattern* pattern, const char* name) {
   return FcPatternGetBool(pattern, name, 0, &value) == FcResultMatch && value == FcTrue;
 }
 
+// Whether the face has the family's name, in any language and letter case, or the family is a generic one.
+bool IsFamily(FcPattern* found, const std::string& family) {
+  constexpr std::array kGeneric{"", "serif", "sans", "sans-serif", "monospace", "cursive", "fantasy", "system-ui"};
+  const auto same = [&family](const char* name) { return FcStrCmpIgnoreCase(Bytes(family), Bytes(name)) == 0; };
+  if (std::ranges::any_of(kGeneric, same)) return true;
+  FcChar8* name = nullptr;
+  for (int i = 0; FcPatternGetString(found, FC_FAMILY, i, &name) == FcResultMatch; ++i) {
+    if (FcStrCmpIgnoreCase(Bytes(family), name) == 0) return true;
+  }
+  return false;
+}
+
+std::string FamilyOf(FcPattern* found) {
+  FcChar8* name = nullptr;
+  const bool named = FcPatternGetString(found, FC_FAMILY, 0, &name) == FcResultMatch;
+  return named ? reinterpret_cast<const char*>(name) : "another";
+}
+
 // Nothing for faces that have no outlines in one colour.
 bool ReadFace(FcPattern* found, const base::FontRequest& request, CatalogFace& face) {
   FcChar8* file = nullptr;
@@ -73,7 +92,11 @@ std::vector<CatalogFace> FontCatalog::Find(const base::FontRequest& request) con
   if (sorted == nullptr) return faces;
   for (int i = 0; i < sorted->nfont; ++i) {
     CatalogFace face;
-    if (ReadFace(sorted->fonts[i], request, face)) faces.push_back(std::move(face));
+    if (!ReadFace(sorted->fonts[i], request, face)) continue;
+    if (faces.empty() && !IsFamily(sorted->fonts[i], base::ToUtf8(request.face))) {
+      face.substitute = FamilyOf(sorted->fonts[i]);
+    }
+    faces.push_back(std::move(face));
   }
   return faces;
 }

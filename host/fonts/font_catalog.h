@@ -13,6 +13,7 @@ namespace qen::host {
 struct CatalogFace {
   std::string file;
   int index = 0;              // in the file, as FreeType takes it
+  std::string substitute;     // the family in UTF-8, when it is not the one asked for
   bool needsBold = false;     // the face is lighter than asked for
   bool needsOblique = false;  // the face is upright and italic was asked for
   FcCharSetOwner characters;

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/utf.h"
+
 namespace qen::host {
 namespace {
 
@@ -80,6 +82,8 @@ float FreetypeFace::AdvanceOf(const raqm_glyph_t& glyph) const {
   const bool widened = glyph.x_advance != 0 && chain_.SynthesisOf(faces_[glyph.cluster]).bold;
   return widened ? advance + kBoldWidening * em_.x : advance;
 }
+
+String FreetypeFace::Substitute() const { return base::ToUtf16(chain_.First().substitute); }
 
 void FreetypeFace::Shape(StringView text, base::GlyphStyle style, base::ShapedLine& line) {
   line.glyphs.clear();

@@ -18,6 +18,7 @@ class FreetypeFace final : public base::IFontFace {
   FreetypeFace(const base::FontRequest& request, FaceChain chain, GlyphCache& glyphs);
 
   [[nodiscard]] TextMetric Metric() const override { return metric_; }
+  [[nodiscard]] String Substitute() const override;
   void Shape(StringView text, base::GlyphStyle style, base::ShapedLine& line) override;
   void Measure(StringView text, std::vector<float>& ends) override;
 
