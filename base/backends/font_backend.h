@@ -44,8 +44,8 @@ class IFontFace {
   // The family that stands in for the one asked for; empty when it is that one.
   [[nodiscard]] virtual String Substitute() const { return {}; }
 
-  // Shapes one line (no line feeds; bidirectional order, combining marks, kerning and fallback faces included). `line` is
-  // cleared first and keeps its storage.
+  // Shapes one line (no line feeds; bidirectional order, combining marks, kerning and fallback faces included). `line`
+  // is cleared first and keeps its storage.
   virtual void Shape(StringView text, GlyphStyle style, ShapedLine& line) = 0;
 
   // Pen position in font pixels behind each UTF-16 unit of a line, in logical order (for wrapping): `ends` gets one

@@ -38,16 +38,16 @@ struct SubMeshData {
 };
 
 struct MaterialData {
-  MaterialParams params;            // without textures
-  std::int32_t baseImage = -1;      // positions in SceneData::images, -1: none
+  MaterialParams params;        // without textures
+  std::int32_t baseImage = -1;  // positions in SceneData::images, -1: none
   std::int32_t emissiveImage = -1;
 };
 
 struct NodeData {
   String name;
-  std::int32_t parent = -1;  // earlier position, -1: a root
-  Pose pose;                 // relative to the parent
-  std::int32_t mesh = -1;    // position in SceneData::meshes
+  std::int32_t parent = -1;                    // earlier position, -1: a root
+  Pose pose;                                   // relative to the parent
+  std::int32_t mesh = -1;                      // position in SceneData::meshes
   std::optional<std::array<float, 3>> camera;  // vertical angle in radians, near plane, far plane
 };
 
@@ -60,7 +60,8 @@ struct SceneData {
 
 enum class Interpolation : std::uint8_t { Step, Linear, Cubic };
 
-// Keys of one property: `times` in seconds, growing; a value a key, or for Cubic three (in-tangent, value, out-tangent).
+// Keys of one property: `times` in seconds, growing; a value a key, or for Cubic three (in-tangent, value,
+// out-tangent).
 template <class T>
 struct Track {
   std::vector<float> times;
@@ -84,8 +85,8 @@ class ISceneBackend {
  public:
   virtual ~ISceneBackend() = default;
 
-  // `file` is only for files that name others beside them; `bytes` is its content. Nothing on failure; `error` then says
-  // why in one line.
+  // `file` is only for files that name others beside them; `bytes` is its content. Nothing on failure; `error` then
+  // says why in one line.
   virtual std::optional<SceneData> ParseScene(StringView file, std::span<const std::uint8_t> bytes, bool withTextures,
                                               String& error) = 0;
   virtual std::optional<AnimationData> ParseAnimation(StringView file, std::span<const std::uint8_t> bytes,

@@ -18,7 +18,8 @@ float ToFloat(const Json& value, const char* key) {
 }  // namespace
 
 const Json* Member(const Json& object, const char* key) {
-  if (!object.is_object()) throw GltfError('"' + std::string(key) + "\" is looked for in something else than an object");
+  if (!object.is_object())
+    throw GltfError('"' + std::string(key) + "\" is looked for in something else than an object");
   const auto found = object.find(key);
   return found == object.end() ? nullptr : &*found;
 }

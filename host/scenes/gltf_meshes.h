@@ -9,8 +9,8 @@
 
 namespace qen::host {
 
-// All meshes by their position in the file, a sub-mesh a primitive of triangles. Primitives of points and lines are left
-// out. Where normals are missing the triangles are flat.
+// All meshes by their position in the file, a sub-mesh a primitive of triangles. Primitives of points and lines are
+// left out. Where normals are missing the triangles are flat.
 std::vector<std::vector<base::SubMeshData>> ReadMeshes(const GltfDocument& document, GltfAccessors& accessors);
 
 }  // namespace qen::host

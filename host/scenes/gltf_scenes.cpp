@@ -17,7 +17,8 @@ namespace {
 
 // Names out of files may hold anything.
 String OneLine(String text) {
-  std::ranges::replace_if(text, [](Char c) { return c < u' '; }, u'?');
+  std::ranges::replace_if(
+      text, [](Char c) { return c < u' '; }, u'?');
   return text;
 }
 

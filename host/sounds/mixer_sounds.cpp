@@ -15,13 +15,13 @@ constexpr int kStereo = 2;
 constexpr int kBufferFrames = 1024;  // 23 ms, so that a click is heard with the click
 constexpr int kVoices = 32;
 
-// Asked first: the system's own complaints about a missing device are long.
-bool HasDevice() { return SDL_GetNumAudioDevices(0) != 0 || SDL_SetError("there is no device") == 0; }
-
 bool OpenDevice(SoundOutput output) {
   if (output == SoundOutput::None) SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, "dummy", SDL_HINT_OVERRIDE);
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-  if (HasDevice() && Mix_OpenAudio(kRate, AUDIO_S16SYS, kStereo, kBufferFrames) == 0) return true;
+  // Asked before one is opened: the system's own complaints about a missing device are long.
+  const bool hasDevice = SDL_GetNumAudioDevices(0) != 0;
+  if (hasDevice && Mix_OpenAudio(kRate, AUDIO_S16SYS, kStereo, kBufferFrames) == 0) return true;
+  if (!hasDevice) SDL_SetError("there is no device");
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
   return false;
 }
