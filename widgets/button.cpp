@@ -7,7 +7,7 @@
 #include "engine/messages.h"
 #include "engine/scene_node.h"
 #include "engine/system.h"
-#include "widgets/child_nodes.h"
+#include "widgets/bind_child.h"
 #include "widgets/hit_test.h"
 #include "widgets/move_node.h"
 #include "widgets/text.h"
@@ -24,7 +24,8 @@ void CGUIButton::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* con
   info = ownInfo;
   node = ownNode != nullptr ? *ownNode : nullptr;
   BindStates();
-  BindLabel();
+  label_ = BindChild<CGUIText>(nodes_, *this, u"text");
+  text = label_.get();
 }
 
 void CGUIButton::BindStates() {
@@ -36,15 +37,6 @@ void CGUIButton::BindStates() {
   if (disabledNode != nullptr) disabledHook_.Attach(*disabledNode, *info, nullptr);
   if (onMouseNode == nullptr) onMouseNode = normalNode;
   if (disabledNode == nullptr) disabledNode = normalNode;
-}
-
-void CGUIButton::BindLabel() {
-  TMNode* textNode = nullptr;
-  std::int32_t position = -1;
-  if (!nodes_.FindChildNode(node, u"text", textNode, position)) return;
-  label_ = std::make_unique<CGUIText>(nodes_);
-  text = label_.get();
-  label_->Create(page, info, &textNode);
 }
 
 PickResult* CGUIButton::Update(const Ray& ray) {

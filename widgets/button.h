@@ -28,7 +28,6 @@ class CGUIButton : public ICGUIButton {
 
  private:
   void BindStates();
-  void BindLabel();
   void ShowState(bool hovered);
 
   LiveMark alive_{static_cast<ICGUIObject*>(this)};

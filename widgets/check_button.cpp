@@ -2,8 +2,8 @@
 
 #include "engine/item_info.h"
 #include "engine/pick_result.h"
+#include "widgets/bind_child.h"
 #include "widgets/button.h"
-#include "widgets/child_nodes.h"
 #include "widgets/text.h"
 #include "widgets/widget_state.h"
 
@@ -18,23 +18,10 @@ void CGUICheckButton::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode
   info = ownInfo;
   node = ownNode != nullptr ? *ownNode : nullptr;
   info->checked = 1;
-  checked_ = BindButton(u"checked");
-  unchecked_ = BindButton(u"unchecked");
-  TMNode* textNode = nullptr;
-  std::int32_t position = -1;
-  if (!nodes_.FindChildNode(node, u"text", textNode, position)) return;
-  label_ = std::make_unique<CGUIText>(nodes_);
+  checked_ = BindChild<CGUIButton>(nodes_, *this, u"checked");
+  unchecked_ = BindChild<CGUIButton>(nodes_, *this, u"unchecked");
+  label_ = BindChild<CGUIText>(nodes_, *this, u"text");
   text = label_.get();
-  label_->Create(page, info, &textNode);
-}
-
-std::unique_ptr<CGUIButton> CGUICheckButton::BindButton(StringView word) {
-  TMNode* child = nullptr;
-  std::int32_t position = -1;
-  if (!nodes_.FindChildNode(node, word, child, position)) return nullptr;
-  auto button = std::make_unique<CGUIButton>(nodes_);
-  button->Create(page, info, &child);
-  return button;
 }
 
 CGUIButton* CGUICheckButton::ActiveButton() const { return (info->checked != 0 ? checked_ : unchecked_).get(); }

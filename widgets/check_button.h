@@ -31,7 +31,6 @@ class CGUICheckButton : public ICGUICheckButton {
   ICGUIButton* GetUncheckedButton() override;
 
  private:
-  std::unique_ptr<CGUIButton> BindButton(StringView word);
   [[nodiscard]] CGUIButton* ActiveButton() const;
 
   LiveMark alive_{static_cast<ICGUIObject*>(this)};

@@ -13,7 +13,7 @@
 #include "engine/ray.h"
 #include "engine/scene_node.h"
 #include "engine/system.h"
-#include "widgets/child_nodes.h"
+#include "widgets/bind_child.h"
 #include "widgets/hit_test.h"
 #include "widgets/item.h"
 #include "widgets/key_codes.h"
@@ -47,12 +47,7 @@ void CGUIList::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* const
     hook_.Attach(*normalNode, *info, this);
     hook_.LetWidgetDrawToo();
   }
-  TMNode* barNode = nullptr;
-  std::int32_t position = -1;
-  if (nodes_.FindChildNode(node, u"slidery", barNode, position)) {
-    slideBar_ = std::make_unique<CGUISlideBar>(nodes_);
-    slideBar_->Create(page, info, &barNode);
-  }
+  slideBar_ = BindChild<CGUISlideBar>(nodes_, *this, u"slidery");
   style_ = std::make_unique<CGUIText>(nodes_);
   text = style_.get();
   style_->Create(page, info, nullptr);

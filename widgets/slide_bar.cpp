@@ -7,8 +7,8 @@
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
+#include "widgets/bind_child.h"
 #include "widgets/button.h"
-#include "widgets/child_nodes.h"
 #include "widgets/hit_test.h"
 #include "widgets/key_codes.h"
 #include "widgets/numbers.h"
@@ -28,28 +28,19 @@ void CGUISlideBar::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* c
   info->min = 0;
   info->position = info->min;
 
-  bar_ = BindButton(u"barx");
+  bar_ = BindChild<CGUIButton>(nodes_, *this, u"barx");
   orientation_ = bar_ ? Orientation::Horizontal : Orientation::None;
   if (!bar_) {
-    bar_ = BindButton(u"bary");
+    bar_ = BindChild<CGUIButton>(nodes_, *this, u"bary");
     if (bar_) orientation_ = Orientation::Vertical;
   }
   if (bar_) {
     bar_->hoverSound = sound_kind::kNone;
-    slider_ = BindButton(u"slider");
+    slider_ = BindChild<CGUIButton>(nodes_, *this, u"slider");
   }
   if (slider_) slider_->GetMatrix(sliderRest_);
-  down_ = BindButton(u"down");
-  up_ = BindButton(u"up");
-}
-
-std::unique_ptr<CGUIButton> CGUISlideBar::BindButton(StringView word) {
-  TMNode* child = nullptr;
-  std::int32_t position = -1;
-  if (!nodes_.FindChildNode(node, word, child, position)) return nullptr;
-  auto button = std::make_unique<CGUIButton>(nodes_);
-  button->Create(page, info, &child);
-  return button;
+  down_ = BindChild<CGUIButton>(nodes_, *this, u"down");
+  up_ = BindChild<CGUIButton>(nodes_, *this, u"up");
 }
 
 PickResult* CGUISlideBar::Update(const Ray& ray) {

@@ -29,7 +29,6 @@ class CGUISlideBar : public ICGUISlideBar {
  private:
   enum class Orientation : std::uint8_t { None, Horizontal, Vertical };
 
-  std::unique_ptr<CGUIButton> BindButton(StringView word);
   bool UpdateBar(const Ray& ray);
   void TakeKey();
   void Drag(const Vec3& point);

@@ -9,8 +9,8 @@
 #include "engine/scene_node.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
+#include "widgets/bind_child.h"
 #include "widgets/caret.h"
-#include "widgets/child_nodes.h"
 #include "widgets/hit_test.h"
 #include "widgets/key_codes.h"
 #include "widgets/numbers.h"
@@ -59,11 +59,7 @@ void CGUIText::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* const
   RecreateFont();
   if (node == nullptr) return;
   hook_.LetWidgetDrawInstead();
-  TMNode* barNode = nullptr;
-  std::int32_t position = -1;
-  if (!nodes_.FindChildNode(node, u"slidery", barNode, position)) return;
-  slideBar_ = std::make_unique<CGUISlideBar>(nodes_);
-  slideBar_->Create(page, info, &barNode);
+  slideBar_ = BindChild<CGUISlideBar>(nodes_, *this, u"slidery");
 }
 
 void CGUIText::BindLayoutBox() {
