@@ -21,14 +21,14 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   ICGUIAnim* PlayAnim(std::int32_t position, bool loop) override;
   ICGUIAnim* GetPlayingAnim() override;
   std::int32_t NextObjectId() override;
-  TMNode* FindNode(const Char* name) override;
-  Matrix4x4* FindNodeMatrix(const Char* name) override;
+  TMNode* FindNode(const Char* wanted) override;
+  Matrix4x4* FindNodeMatrix(const Char* wanted) override;
   void Disable(bool disabled) override;
   void StopAnims() override;
-  ICGUIObject* FindItem(const Char* name) override;
+  ICGUIObject* FindItem(const Char* wanted) override;
 
   // Appends every widget of that name, in widget order.
-  void AppendWidgets(StringView name, std::vector<ICGUIObject*>& found) const;
+  void AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const;
 
   // The child of a node whose name begins with the word, letter case aside, and its position. On a miss false, null,
   // -1.
@@ -42,7 +42,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void SetAnimIn(std::int32_t animation) override { animIn = animation; }
   void SetAnimOut(std::int32_t animation) override { animOut = animation; }
   void Build() override;
-  ICGUIObject* FindWidget(const String& name) override;
+  ICGUIObject* FindWidget(const String& wanted) override;
 
  protected:
   // `owner` and `line` name the class in the engine's log.
@@ -77,7 +77,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void CreateWidget(const String& nodeName);
   void IndexWidgets();
   [[nodiscard]] std::pair<std::vector<ICGUIObject*>::const_iterator, std::vector<ICGUIObject*>::const_iterator>
-  WidgetsNamed(StringView name) const;
+  WidgetsNamed(StringView wanted) const;
 
   LiveMark alive_{static_cast<ICGUIPageObject*>(this)};
   const char* owner_;

@@ -2,6 +2,9 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <stdexcept>
+
 #include "engine/mesh.h"
 #include "engine/msg_daemon.h"
 #include "engine/render.h"
@@ -129,10 +132,9 @@ bool GuiTest::IsDrawn(const String& node, std::uint32_t page) {
   const TMNode* wanted = gui->GetPage(page)->FindNode(node.c_str());
   if (wanted == nullptr || wanted->mesh == nullptr) ADD_FAILURE() << "no such mesh: " << Narrow(node);
   DrawPages();
-  for (const base::DrawItem& item : engine.render.frame.items) {
-    if (item.kind == base::DrawKind::Mesh && item.entry.subMesh == wanted->mesh->GetSubMesh(0)) return true;
-  }
-  return false;
+  return std::ranges::any_of(engine.render.frame.items, [wanted](const base::DrawItem& item) {
+    return item.kind == base::DrawKind::Mesh && item.entry.subMesh == wanted->mesh->GetSubMesh(0);
+  });
 }
 
 }  // namespace qen::test

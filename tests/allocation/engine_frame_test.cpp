@@ -1,8 +1,5 @@
-// What happens every frame allocates nothing once it has happened.
+// What the engine does every frame allocates nothing once it has happened.
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <new>
 
 #include "base/recording/recording_engine.h"
 #include "base/recording/scene_builder.h"
@@ -18,28 +15,7 @@
 #include "engine/scene_manager.h"
 #include "engine/sound.h"
 #include "engine/system.h"
-
-namespace {
-
-std::size_t allocations = 0;
-
-void* Allocate(std::size_t size, std::size_t alignment) {
-  ++allocations;
-  void* memory = std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Allocate(size, alignof(std::max_align_t)); }
-void* operator new(std::size_t size, std::align_val_t alignment) {
-  return Allocate(size, static_cast<std::size_t>(alignment));
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, std::align_val_t) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { std::free(memory); }
+#include "tests/allocation/counting_new.h"
 
 namespace qen::base {
 namespace {
@@ -55,9 +31,9 @@ TEST(Allocations, AWarmFrameMakesNone) {
   SimpleScene scene("test", 1);
   ASSERT_TRUE(scene.Load(u"s", true));
   ASSERT_TRUE(scene.LoadAnimData(u"m", 0));
-  const std::size_t atFirst = allocations;
+  const std::size_t atFirst = test::AllocationCount();
   System::sceneMng->CreateScene(u"w", true);
-  EXPECT_GT(allocations, atFirst) << "the library's allocations are counted";
+  EXPECT_GT(test::AllocationCount(), atFirst) << "the library's allocations are counted";
   System::sceneMng->AddSimpleScene(u"s", &scene);
   const std::int32_t id = System::sceneMng->CreateInstance(u"w", u"s", Matrix4x4::Identity, {}, {});
   SimpleSceneInstance* placed = nullptr;
@@ -98,9 +74,9 @@ TEST(Allocations, AWarmFrameMakesNone) {
     engine.engine.EndFrame(engine.viewport);
   };
   for (int i = 0; i < 3; ++i) frame();
-  const std::size_t before = allocations;
+  const std::size_t before = test::AllocationCount();
   for (int i = 0; i < 10; ++i) frame();
-  EXPECT_EQ(allocations, before);
+  EXPECT_EQ(test::AllocationCount(), before);
 }
 
 }  // namespace
