@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <iterator>
+#include <vector>
 
 #include "base/backends/render_backend.h"
 #include "base/record.h"
@@ -22,11 +24,30 @@ void Blank(DrawItem& item) {
   item.kind = DrawKind::Triangles3D;
 }
 
-bool Contains(const Mesh& mesh, const SubMesh* subMesh) {
-  const SubMesh* first = mesh.subMeshes.data();
-  const SubMesh* end = first + mesh.subMeshes.size();
-  return !std::less<>{}(subMesh, first) && std::less<>{}(subMesh, end);
-}
+// The sub-meshes of many meshes, to be asked quickly.
+class SubMeshSet {
+ public:
+  explicit SubMeshSet(std::span<const Mesh> meshes) {
+    for (const Mesh& mesh : meshes) {
+      const SubMesh* first = mesh.subMeshes.data();
+      if (!mesh.subMeshes.empty()) ranges_.push_back({first, first + mesh.subMeshes.size()});
+    }
+    std::ranges::sort(ranges_, std::less<>{}, &Range::first);
+  }
+
+  [[nodiscard]] bool Contains(const SubMesh* subMesh) const {
+    const auto next = std::ranges::upper_bound(ranges_, subMesh, std::less<>{}, &Range::first);
+    return next != ranges_.begin() && std::less<>{}(subMesh, std::prev(next)->end);
+  }
+
+ private:
+  struct Range {
+    const SubMesh* first;
+    const SubMesh* end;
+  };
+
+  std::vector<Range> ranges_;  // by their beginning
+};
 
 }  // namespace
 
@@ -77,10 +98,10 @@ float RenderService::DistanceOf(const Vec3& world) const {
 }
 
 void RenderService::Forget(std::span<const Mesh> meshes) {
+  if (list_.items.empty()) return;
+  const SubMeshSet gone(meshes);
   for (DrawItem& item : list_.items) {
-    if (item.kind != DrawKind::Mesh) continue;
-    const SubMesh* subMesh = item.entry.subMesh;
-    if (std::ranges::any_of(meshes, [subMesh](const Mesh& mesh) { return Contains(mesh, subMesh); })) Blank(item);
+    if (item.kind == DrawKind::Mesh && gone.Contains(item.entry.subMesh)) Blank(item);
   }
 }
 
