@@ -1,7 +1,8 @@
-// The cost of loading and updating a page, a widget, at growing numbers of buttons.
+// What loading, updating and delivering cost for each widget, text or command, at growing numbers of them.
 #include <benchmark/benchmark.h>
 
 #include "engine/camera.h"
+#include "engine/msg_daemon.h"
 #include "engine/system.h"
 #include "tests/module/big_page.h"
 
@@ -26,8 +27,8 @@ struct Host {
   IGui* gui;
 };
 
-void ReportPerWidget(benchmark::State& state) {
-  state.counters["per_widget"] =
+void ReportEach(benchmark::State& state) {
+  state.counters["each"] =
       benchmark::Counter(static_cast<double>(state.range(0)) * static_cast<double>(state.iterations()),
                          benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
@@ -41,7 +42,7 @@ void LoadPage(benchmark::State& state) {
     host.gui->Release();
     state.ResumeTiming();
   }
-  ReportPerWidget(state);
+  ReportEach(state);
 }
 
 void UpdatePage(benchmark::State& state) {
@@ -55,9 +56,41 @@ void UpdatePage(benchmark::State& state) {
     host.gui->SetCursor(x = (x + 7) % 800, 300);
     host.gui->Update(0, 0, 0);
   }
-  ReportPerWidget(state);
+  ReportEach(state);
 }
 
+void LoadLanguage(benchmark::State& state) {
+  Host host;
+  String table = u"lang english {\n";
+  for (std::int64_t i = 0; i < state.range(0); ++i) {
+    const std::string digits = std::to_string(i);
+    const String id(digits.begin(), digits.end());
+    table += u"str" + id + u" \"Some words with the number " + id + u"\"\n";
+  }
+  host.engine.files.AddText(u"texts.txt", table + u"}");
+  host.engine.files.AddText(u"gui.txt", u"lang texts.txt");
+  host.gui->Load(u"gui.txt", nullptr);
+  for (auto _ : state) host.gui->SetLanguage(u"english");
+  ReportEach(state);
+}
+
+// A delivery of many waiting records, each of which the book carries out.
+void DeliverWaiting(benchmark::State& state) {
+  Host host;
+  AddBigPage(host.engine, u"big", 1);
+  host.gui->AddPage(u"big.txt", &host.engine.camera);
+  for (auto _ : state) {
+    state.PauseTiming();
+    host.gui->Reset();
+    for (std::int64_t i = 0; i < state.range(0); ++i) host.gui->AddRenderPage(0xFFFFFFFF);
+    state.ResumeTiming();
+    System::daemon->ProcMsg(message::kDeliverQueue, 0, 0, category::kGui);
+  }
+  ReportEach(state);
+}
+
+BENCHMARK(LoadLanguage)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(DeliverWaiting)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(LoadPage)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(UpdatePage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 

@@ -224,6 +224,31 @@ TEST_F(Reentrancy, RecordsOfPagesThatAreGoneNameNobody) {
   EXPECT_EQ(Find(u"~btwo")->info->checked, 0U);
 }
 
+TEST_F(Reentrancy, RecordsOfListEntriesThatAreGoneNameNobody) {
+  base::SceneData scene;
+  const std::int32_t node = base::AddNode(scene, u"~llist");
+  base::AddBox(scene, u"list", node, {}, {30, 30, 1});
+  engine.AddScene(u"l.glb", std::move(scene));
+  AddText(u"l.txt", u"name l.glb");
+  OpenPage(u"l.txt");
+  ShowOnly(2);
+  auto& list = dynamic_cast<ICGUIList&>(*Find(u"~llist", 2));
+  for (int i = 0; i < 40; ++i) {
+    ICGUIItem* item = list.AddItem();
+    Say(*item, {u"un/checked:~btwo"});
+  }
+  Hover(list);
+  ReleaseButton();
+  Send(message::kFrame);
+  std::vector<std::uint32_t> selected;
+  ASSERT_EQ(list.GetSelectedIndices(selected).size(), 1U) << "a click on the middle of the box";
+  list.Clear();
+  Deliver();
+  ASSERT_EQ(listener.records.size(), 1U);
+  EXPECT_EQ(listener.records[0].record.source, nullptr);
+  EXPECT_EQ(two->info->checked, 0U);
+}
+
 TEST_F(Reentrancy, HandlersComeAndGo) {
   Listener second;
   listener.onRecord = [&](std::uint32_t, GuiMessage&) {

@@ -82,6 +82,39 @@ TEST_F(Navigation, TheRestWaitsForTheExitAnimation) {
   EXPECT_NE(gui->GetPage(1)->GetPlayingAnim(), nullptr) << "and the new one comes in";
 }
 
+// Everything that a page change asks of the engine, from the click to the entrance of the new page.
+TEST_F(Navigation, AChangeOfPagesPlaysInItsOrder) {
+  engine.AddSound(u"in.wav");
+  engine.AddSound(u"out.wav");
+  engine.AddSound(u"click.wav");
+  AddButtonPage(u"from", {u"go"},
+                u"anim_out move.glb onclickwav click.wav onanimoutwav out.wav item ~bgo { message setpage:to.glb }");
+  AddButtonPage(u"to", {u"go"}, u"anim_in move.glb onaniminwav in.wav");
+  const std::uint32_t from = gui->GetPageCount();
+  OpenPage(u"from.txt");
+  OpenPage(u"to.txt");
+  ShowOnly(from);
+  Hover(*gui->GetPage(from)->items[0]);
+  Frame();
+  engine.calls.clear();
+  ReleaseButton();
+  for (int i = 0; i < 4; ++i) Frame(0.2);
+
+  std::vector<std::string> story;
+  for (const base::Call& call : engine.calls) {
+    for (const std::string_view name : {"AnimCtrl::PlayAnimation", "ISound::Play", "ISceneMng::DisableScene"}) {
+      if (call.name == name) story.push_back(call.name);
+    }
+    if (call.name == "MsgDaemon::ProcMsg" && std::get<std::int64_t>(call.arguments[0]) == message::kFrame) {
+      story.emplace_back("frame");
+    }
+  }
+  EXPECT_EQ(engine.sound.played, (std::vector<std::string>{"click.wav", "out.wav", "in.wav"}));
+  EXPECT_EQ(story, (std::vector<std::string>{"frame", "ISound::Play", "AnimCtrl::PlayAnimation", "ISound::Play",
+                                             "frame", "frame", "frame", "ISceneMng::DisableScene",
+                                             "AnimCtrl::PlayAnimation", "ISound::Play"}));
+}
+
 TEST_F(Navigation, UndoPlaysTheTransitionsBack) {
   ShowOnly(0);
   ActivateButton(0);
