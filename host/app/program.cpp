@@ -1,5 +1,7 @@
 #include "host/app/program.h"
 
+#include <SDL.h>
+
 #include <optional>
 
 #include "host/app/display.h"
@@ -36,6 +38,8 @@ void Play(const Options& options) {
 void Run(int argc, const char* const* argv) {
   const std::optional<Options> options = ParseOptions(argc, argv);
   if (!options) return;
+  // Interrupting ends the program at once, also where nothing takes events.
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   std::optional<TraceFile> trace;
   if (!options->trace.empty()) trace.emplace(options->trace);
   Play(*options);

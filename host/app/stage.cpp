@@ -73,7 +73,7 @@ void Stage::Load(const Options& options) {
   ShowFirstPage(base::ToUtf16(options.page));
 }
 
-void Stage::ChooseLanguage(StringView name) {
+void Stage::ChooseLanguage(StringView name) const {
   std::string known;
   for (const String& language : Gui().GetLanguages()) {
     if (language == name) return Gui().SetLanguage(language);
@@ -82,7 +82,7 @@ void Stage::ChooseLanguage(StringView name) {
   throw std::runtime_error("there is no language " + base::ToUtf8(name) + ", only: " + known);
 }
 
-void Stage::ShowFirstPage(StringView name) {
+void Stage::ShowFirstPage(StringView name) const {
   if (Gui().GetPageCount() == 0) throw std::runtime_error(base::ToUtf8(data_.description) + " names no pages");
   const auto page = name.empty() ? std::optional(0U) : FindPageByName(Gui(), name);
   if (!page) throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + ListPageNames(Gui()));

@@ -61,8 +61,8 @@ class Stage {
 
  private:
   void Load(const Options& options);
-  void ChooseLanguage(StringView name);
-  void ShowFirstPage(StringView name);
+  void ChooseLanguage(StringView name) const;
+  void ShowFirstPage(StringView name) const;
 
   PhysfsFiles files_;
   GameData data_;

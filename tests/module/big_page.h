@@ -14,7 +14,8 @@ inline void AddBigPage(base::RecordingEngine& engine, const String& name, std::s
   for (std::size_t i = 0; i < count; ++i) {
     const std::string digits = std::to_string(i);
     const String button(digits.begin(), digits.end());
-    const Vec3 place{static_cast<float>(i % columns) * step - 75.0F, static_cast<float>(i / columns) * step - 55.0F, 0};
+    const std::size_t row = i / columns;
+    const Vec3 place{static_cast<float>(i % columns) * step - 75.0F, static_cast<float>(row) * step - 55.0F, 0};
     const std::int32_t node = base::AddNode(scene, u"~b" + button, -1, place);
     std::int32_t mesh = 0;
     for (const StringView state : {u"normal", u"onmouse", u"disabled"}) {

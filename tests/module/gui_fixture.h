@@ -47,7 +47,7 @@ class Module {
 class Listener final : public Object {
  public:
   struct Record {
-    std::uint32_t id;
+    std::uint32_t id = 0;
     GuiMessage record;
   };
 
