@@ -161,15 +161,15 @@ def plaque(name, width, height, depth, radius, face, rim, parent=None, location=
     return from_bmesh(name, shape, parent, location, [face, rim], smooth=True)
 
 
-def letters(name, text, size, depth, surface, parent=None, location=(0, 0, 0), bevel=0.35, spacing=1.0):
-    """Solid letters, centred, facing the viewer."""
+def letters(name, text, size, depth, surface, parent=None, location=(0, 0, 0), bevel=0.35, spacing=1.0, rounds=1):
+    """Solid letters, centred, facing the viewer. The bevel goes outwards, in `rounds` + 1 steps."""
     curve = bpy.data.curves.new(name, "FONT")
     curve.body = text
     curve.size = size
     curve.extrude = depth
     curve.bevel_depth = bevel
-    curve.bevel_resolution = 2
-    curve.resolution_u = 5
+    curve.bevel_resolution = rounds
+    curve.resolution_u = 4
     curve.align_x = "CENTER"
     curve.align_y = "CENTER"
     curve.space_character = spacing
@@ -180,8 +180,67 @@ def letters(name, text, size, depth, surface, parent=None, location=(0, 0, 0), b
     mesh = bpy.data.meshes.new_from_object(flat.evaluated_get(bpy.context.evaluated_depsgraph_get()))
     mesh.transform(Matrix.Rotation(math.pi / 2, 4, "X"))
     mesh.materials.clear()
+    for polygon in mesh.polygons:
+        polygon.use_smooth = False
     bpy.data.objects.remove(flat)
     return link(name, mesh, parent, location, [surface])
+
+
+def gem(shape, center, width, height, front, surface):
+    """Adds a cut stone to a shape: eight facets and a flat table."""
+    rings = [(1.0, 0.0), (0.92, 0.45), (0.5, 1.0)]
+    x, y, z = center
+    corners = [(math.cos(math.pi / 4 * i), math.sin(math.pi / 4 * i)) for i in range(8)]
+    loops = [[shape.verts.new((x + c * width / 2 * size, y - front * depth, z + s * height / 2 * size)) for c, s in corners]
+             for size, depth in rings]
+    faces = [shape.faces.new([lower[i], lower[(i + 1) % 8], upper[(i + 1) % 8], upper[i]])
+             for lower, upper in zip(loops, loops[1:]) for i in range(8)]
+    faces.append(shape.faces.new(loops[-1]))
+    for face in faces:
+        face.material_index = surface
+        face.smooth = False
+
+
+def chain(name, top, bottom, x, surface, parent, y=-0.8, link_height=1.9):
+    """Chain links from `top` down to `bottom`, each turned against the one before."""
+    shape = bmesh.new()
+    count = max(1, round((top - bottom) / (link_height * 0.72)))
+    sides, around = 10, 5
+    for i in range(count):
+        middle = top - (top - bottom) * (i + 0.5) / count
+        turn = 0.25 if i % 2 else 1.25
+        loops = []
+        for a in (2 * math.pi * n / sides for n in range(sides)):
+            ring = []
+            for b in (2 * math.pi * n / around for n in range(around)):
+                out = 1.0 + 0.34 * math.cos(b)
+                px, py, pz = 0.55 * out * math.cos(a), 0.20 * math.sin(b), link_height / 2 * out * math.sin(a) * 0.78
+                ring.append(shape.verts.new((x + px * math.cos(turn) - py * math.sin(turn),
+                                             y + px * math.sin(turn) + py * math.cos(turn), middle + pz)))
+            loops.append(ring)
+        for n, ring in enumerate(loops):
+            after = loops[(n + 1) % sides]
+            for m in range(around):
+                shape.faces.new([ring[m], ring[(m + 1) % around], after[(m + 1) % around], after[m]])
+    bmesh.ops.recalc_face_normals(shape, faces=shape.faces)
+    return from_bmesh(name, shape, parent, (0, 0, 0), [surface], smooth=True)
+
+
+def flourish(name, width, surface, parent=None, location=(0, 0, 0)):
+    """An ornament: a diamond between two tapering bars."""
+    shape = bmesh.new()
+    for x, half, thick in ((0.0, 1.5, 1.5), (-width / 4 - 1.2, width / 4, 0.42), (width / 4 + 1.2, width / 4, 0.42),
+                           (-width / 2 - 2.2, 0.7, 0.7), (width / 2 + 2.2, 0.7, 0.7)):
+        tips = [(half, 0, 0), (0, 0, thick), (-half, 0, 0), (0, 0, -thick)]
+        outline = [shape.verts.new((x + px, py, pz)) for px, py, pz in tips]
+        peak = shape.verts.new((x, -thick * 0.8, 0))
+        for i in range(4):
+            shape.faces.new([outline[i], peak, outline[(i + 1) % 4]])
+    bmesh.ops.recalc_face_normals(shape, faces=shape.faces)
+    for face in shape.faces:
+        if face.normal.y > 0:
+            face.normal_flip()
+    return from_bmesh(name, shape, parent, location, [surface])
 
 
 def lathe(name, profile, surface, parent=None, location=(0, 0, 0), steps=16, smooth=True):
@@ -206,13 +265,23 @@ def lathe(name, profile, surface, parent=None, location=(0, 0, 0), steps=16, smo
     return from_bmesh(name, shape, parent, location, [surface], smooth)
 
 
-def paint_vertices(made, color_of):
-    """Gives each corner the colour color_of(position, normal), linear."""
+def paint_vertices(made, color_of, sharp=None):
+    """Gives each vertex the colour color_of(position, normal), linear. Edges sharper than `sharp` (radians) part the colours
+    of their sides: the exporter knows colours of vertices, not of corners."""
     mesh = made.data
-    mesh.calc_normals_split()
-    layer = mesh.color_attributes.new("Color", "FLOAT_COLOR", "CORNER")
-    for loop in mesh.loops:
-        layer.data[loop.index].color = (*color_of(mesh.vertices[loop.vertex_index].co, loop.normal), 1)
+    if sharp is not None:
+        shape = bmesh.new()
+        shape.from_mesh(mesh)
+        shape.normal_update()
+        bmesh.ops.split_edges(shape, edges=[e for e in shape.edges if e.calc_face_angle(math.pi) > sharp])
+        shape.to_mesh(mesh)
+        shape.free()
+    mesh.update()
+    while mesh.uv_layers:
+        mesh.uv_layers.remove(mesh.uv_layers[0])
+    layer = mesh.color_attributes.new("Color", "FLOAT_COLOR", "POINT")
+    for vertex in mesh.vertices:
+        layer.data[vertex.index].color = (*color_of(vertex.co, vertex.normal), 1)
 
 
 # Animation and export.
@@ -263,6 +332,7 @@ def export_animation(path, moves):
         name, action = made.name, made.animation_data.action
         made.name = name + ".kept"
         copy = empty(name, before[made][0])
+        copy.rotation_euler = made.rotation_euler
         copy.animation_data_create().action = action
         copies.append((made, copy, name))
     bpy.ops.object.select_all(action="DESELECT")

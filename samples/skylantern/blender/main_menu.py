@@ -1,41 +1,63 @@
 """The first page: the name of the game, its menu, and the world behind it."""
 
-import bpy
-
 import buttons
 import kit
 import stage
 
 MENU = ["Continue", "NewGame", "Options", "Quit"]
-LANTERNS = [(-70, 40, 34, 3.4), (-14, 30, 40, 3.0), (8, 70, 26, 3.6), (70, 10, 44, 4.6), (30, 120, 8, 3.8), (92, 90, 20, 4.6),
-            (-98, 80, 6, 4.2), (66, -6, -26, 3.6), (14, 50, -22, 2.8), (-8, 160, 60, 4.2), (118, 150, 66, 5.0),
-            (-128, 150, 62, 5.2), (-84, 20, -40, 3.6)]
+LANTERNS = [(-92, 40, 46, 4.0), (-128, 100, 14, 4.4), (4, 70, 30, 3.4), (74, 10, 44, 5.0), (30, 120, 22, 3.2),
+            (96, 90, 16, 4.4), (-104, 80, 8, 4.2), (70, -6, -34, 4.2), (6, 50, -30, 3.0), (2, 160, 72, 4.0), (128, 150, 70, 5.0),
+            (-150, 150, 104, 5.2), (-84, 20, -40, 4.2), (130, 120, -50, 4.6)]
+COLUMN = -33  # where the menu stands
+TREES = [(-26, -3, 8, "crimson"), (-20, 7, 11, "amber"), (-15, -9, 6, "blossom"), (5, 10, 10, "moss"), (29, 2, 7, "amber"),
+         (7, -12, 5, "crimson"), (24, 9, 10, "blossom")]
 
 
 def world(surfaces):
     stage.sky()
-    stage.mist("far mist", 620, 90, (30, 240, -95), 60)
-    stage.island("far island", 22, 30, surfaces, (118, 210, 22), 3)
-    stage.island("left island", 26, 34, surfaces, (-132, 190, -6), 5)
-    stage.mist("middle mist", 420, 70, (-40, 150, -70), 71)
-    isle = kit.empty("Isle", (42, 40, -10))
-    stage.island("meadow", 34, 40, surfaces, (0, 0, 0), 9, isle)
-    stage.lighthouse(isle, (-5, 2, 3), 46, surfaces)
-    stage.house(isle, (14, -6, 2.6), 9, surfaces)
-    stage.house(isle, (23, 3, 2.2), 7, surfaces)
-    for x, y, size in ((-19, -6, 7), (-23, 2, 9), (-15, 8, 8), (6, 9, 8), (29, -1, 6), (2, -13, 5)):
-        stage.tree(isle, (x, y, 2), size, surfaces)
-    stage.mist("near mist", 300, 46, (30, 8, -62), 83)
+    stage.mist("far mist", 620, 90, (30, 240, -95))
+    far = kit.empty("Far", (152, 230, 40))
+    stage.island("far island", 24, 30, surfaces, (0, 0, 0), 3, far, haze=0.45)
+    stage.house(far, (-4, -8, 1.5), 7, surfaces)
+    left = kit.empty("Left", (-128, 190, -22))
+    stage.island("left island", 30, 38, surfaces, (0, 0, 0), 5, left, haze=0.30)
+    stage.house(left, (-6, -10, 2), 8, surfaces)
+    stage.tree(left, (7, -8, 1), 11, surfaces, "blossom", 4)
+    stage.tree(left, (-17, -4, 1), 9, surfaces, "amber", 5)
+    stage.mist("middle mist", 420, 70, (-40, 150, -70), mirrored=True)
+    isle = kit.empty("Isle", (42, 40, -14))
+    isle.rotation_euler = (0.20, 0, 0)  # shows a little of the meadow
+    stage.island("meadow", 35, 40, surfaces, (0, 0, 0), 9, isle)
+    stage.lighthouse(isle, (-5, 2, 2), 48, surfaces)
+    stage.house(isle, (17, -8, 1.6), 9.5, surfaces)
+    for i, (x, y, size, kind) in enumerate(TREES):
+        stage.tree(isle, (x, y, 1.2), size, surfaces, kind, i + 2)
+    stage.pebbles(isle, (0, 0, -40), 32, 14, surfaces, 6)
+    stage.mist("near mist", 300, 46, (30, 8, -64))
     return isle
 
 
+def letter_color(point, normal):
+    """Gold that darkens downwards; bright edges, dark sides."""
+    if normal.y < -0.95:
+        return stage.blend((0.78, 0.17, 0.015), (1.0, 0.80, 0.32), 0.5 + point.z / 10)
+    if normal.y < -0.15:
+        return stage.blend((0.85, 0.42, 0.12), (1.0, 0.92, 0.66), 0.5 + 0.5 * normal.z)
+    return (0.20, 0.055, 0.035)
+
+
 def title(surfaces):
-    """The name of the game in solid brass, on a node of its own so that it can move."""
-    node = kit.empty("Title", (-33, 0, 41))
-    gold = kit.material("gold", (0.85, 0.52, 0.16), metallic=0.7, roughness=0.28, emission=(0.20, 0.09, 0.015))
-    kit.letters("Sky", "SKY", 15, 1.0, gold, node, (0, 0, 6.2), spacing=1.14)
-    kit.letters("Lantern", "LANTERN", 12.4, 1.0, gold, node, (0, 0, -6.4), spacing=1.02)
-    stage.paper_lantern("Emblem", (30.5, -2, 8), 5.2, surfaces, node)
+    """The name of the game in solid gold, on a node of its own so that it can move."""
+    node = kit.empty("Title", (COLUMN, 0, 41))
+    gold = kit.material("gold", metallic=0.2, roughness=0.45, emission=(0.03, 0.01, 0.0), vertex_colors=True)
+    for word, size, height, spacing in (("SKY", 18.5, 8.2, 1.16), ("LANTERN", 14.4, -6.4, 1.02)):
+        made = kit.letters(word.title(), word, size, 1.0, gold, node, (0, 0, height), spacing=spacing)
+        kit.paint_vertices(made, letter_color, 0.25)
+        kit.letters(word.title() + " outline", word, size, 0.3, surfaces["outline"], node, (0, 2.0, height), bevel=0.95,
+                    spacing=spacing, rounds=0)
+    for side in (-1, 1):
+        stage.paper_lantern("Emblem", (side * 23.5, 0, 8.2), 6.4, surfaces, node)
+    kit.flourish("Flourish", 38, surfaces["brass"], node, (0, -1, -15.6))
     return node
 
 
@@ -45,7 +67,8 @@ def build():
     isle = world(surfaces)
     name = title(surfaces)
     looks = buttons.button_materials()
-    made = [buttons.button(word, (-33, 0, 17 - 14.5 * i), 52, 11.5, looks) for i, word in enumerate(MENU)]
+    made = [buttons.button(word, (COLUMN, 0, 15.5 - 15 * i), 52, 11.5, looks, hung_by=3.9) for i, word in enumerate(MENU)]
+    stage.hanging_lantern(made[-1], (0, 0.5, -5.2), 4.6, 3.5, surfaces)
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)
     kit.export_scene("scenes/main_menu.glb")
 

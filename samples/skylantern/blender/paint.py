@@ -110,6 +110,14 @@ def glow(size=128):
     return with_alpha(np.ones((size, size, 3)) * np.array([1.0, 0.72, 0.36]), alpha)
 
 
+def beam(height=64, width=256):
+    """A beam of light from the left edge's middle, wider and fainter to the right."""
+    u, v = coordinates(height, width)
+    across = np.abs(v - 0.5) * 2.0 / (0.10 + 0.85 * u)
+    alpha = smooth(1.0 - across) * (1.0 - u) ** 1.4 * 0.62 * smooth(u / 0.04)
+    return with_alpha(np.ones((height, width, 3)) * np.array([1.0, 0.86, 0.58]), alpha)
+
+
 def plate(low, high, height=128, width=512, seed=11):
     """Brushed enamel: a vertical gradient, darker at the rim, with fine streaks."""
     u, v = coordinates(height, width)
