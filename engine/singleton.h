@@ -6,17 +6,17 @@ namespace qen {
 template <class T>
 class Singleton {
  public:
-  static T* GetSingletonPtr() { return instance_; }  // null when there is none
+  static T* GetSingletonPtr() { return static_cast<T*>(instance_); }  // null when there is none
 
   Singleton(const Singleton&) = delete;
   Singleton& operator=(const Singleton&) = delete;
 
  protected:
-  Singleton() { instance_ = static_cast<T*>(this); }
+  Singleton() { instance_ = this; }
   ~Singleton() { instance_ = nullptr; }
 
  private:
-  inline static T* instance_ = nullptr;
+  inline static Singleton* instance_ = nullptr;
 };
 
 }  // namespace qen
