@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -78,8 +77,8 @@ void PhysfsFiles::Mount(const std::filesystem::path& place) {
 bool PhysfsFiles::Read(StringView name, std::vector<std::uint8_t>& bytes) {
   const auto parts = SplitDataPath(name);
   if (!parts) return false;
-  return std::ranges::any_of(mounts_ | std::views::reverse,
-                             [&](FoldedTree& mount) { return ReadFrom(mount, *parts, bytes); });
+  return std::any_of(mounts_.rbegin(), mounts_.rend(),
+                     [&](FoldedTree& mount) { return ReadFrom(mount, *parts, bytes); });
 }
 
 }  // namespace qen::host

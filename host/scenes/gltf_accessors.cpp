@@ -10,7 +10,7 @@ namespace qen::host {
 namespace {
 
 // A file may read the same bytes again and again; this bounds the memory that it can take.
-constexpr std::size_t kMaxValues = 50'000'000;
+constexpr std::size_t kMaxValues = 20'000'000;
 
 enum ComponentType : std::size_t {
   kByte = 5120,

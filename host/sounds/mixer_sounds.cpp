@@ -15,6 +15,10 @@ constexpr int kStereo = 2;
 constexpr int kBufferFrames = 1024;  // 23 ms, so that a click is heard with the click
 constexpr int kVoices = 32;
 
+struct CloseBytes {
+  void operator()(SDL_RWops* bytes) const { SDL_RWclose(bytes); }
+};
+
 bool OpenDevice(SoundOutput output) {
   if (output == SoundOutput::None) SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, "dummy", SDL_HINT_OVERRIDE);
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
@@ -46,8 +50,9 @@ MixerSounds::~MixerSounds() {
 
 std::uint32_t MixerSounds::Load(std::span<const std::uint8_t> file) {
   if (file.empty() || file.size() > std::numeric_limits<int>::max()) return 0;
-  SDL_RWops* bytes = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
-  Mix_Chunk* chunk = bytes == nullptr ? nullptr : Mix_LoadWAV_RW(bytes, 1);
+  // Closed here: the mixer does not always do so when it fails.
+  const std::unique_ptr<SDL_RWops, CloseBytes> bytes(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())));
+  Mix_Chunk* chunk = bytes == nullptr ? nullptr : Mix_LoadWAV_RW(bytes.get(), 0);
   if (chunk == nullptr) return 0;
   sounds_[++last_].reset(chunk);
   return last_;

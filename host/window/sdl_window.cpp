@@ -14,19 +14,17 @@ namespace {
 
 [[noreturn]] void Fail(const char* what) { throw std::runtime_error(std::string(what) + ": " + SDL_GetError()); }
 
-class VideoSystem {
- public:
-  explicit VideoSystem(bool offscreen) {
-    if (offscreen) SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);
-    // A button that is held keeps the mouse, so that its release arrives from outside the window too.
-    SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "1");
-    SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) Fail("no display");
-  }
-  ~VideoSystem() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
-  VideoSystem(const VideoSystem&) = delete;
-  VideoSystem& operator=(const VideoSystem&) = delete;
-};
+// Once for the process: SDL and the driver stay until its end, since some drivers do not survive being unloaded, and
+// none can be asked about its memory then.
+void StartVideo(bool offscreen) {
+  if (SDL_WasInit(SDL_INIT_VIDEO) != 0) return;
+  if (offscreen) SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);
+  // A button that is held keeps the mouse, so that its release arrives from outside the window too.
+  SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "1");
+  SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
+  if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) Fail("no display");
+  if (SDL_GL_LoadLibrary(nullptr) != 0) Fail("no OpenGL");
+}
 
 struct DestroyWindow {
   void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
@@ -39,6 +37,7 @@ struct DeleteContext {
 using Context = std::unique_ptr<void, DeleteContext>;
 
 Window MakeWindow(const WindowOptions& options) {
+  StartVideo(options.offscreen);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 3);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_CORE);
@@ -67,7 +66,6 @@ struct SdlWindow::Parts {
   explicit Parts(const WindowOptions& options)
       : offscreen(options.offscreen),
         size{std::max(options.width, 1), std::max(options.height, 1)},
-        video(options.offscreen),
         window(MakeWindow(options)),
         context(MakeContext(window.get(), options.vsync && !options.offscreen)) {}
 
@@ -87,7 +85,6 @@ struct SdlWindow::Parts {
   bool offscreen;
   base::Point size;  // off screen
   base::Point cursor = kAway;
-  VideoSystem video;
   Window window;
   Context context;
   InputTranslator input;

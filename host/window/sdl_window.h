@@ -23,7 +23,8 @@ struct WindowOptions {
 };
 
 // Throws std::runtime_error when there is no display or no OpenGL 3.3. The context is current in the creating thread;
-// it has no samples and no depth of its own, the renderer draws to a picture in memory first. One window at a time.
+// it has no samples and no depth of its own, the renderer draws to a picture in memory first. One window at a time; the
+// first one decides for all whether there is a display.
 //
 // Screen coordinates are pixels. The cursor is the one of the last event that was taken, so that each event is handled
 // with the cursor where it was then; off screen it is where it was last set.

@@ -105,6 +105,13 @@ TEST_F(FontsTest, HebrewRunsFromTheRightAndNumbersInItFromTheLeft) {
   EXPECT_TRUE(SamePicture(line.glyphs[1], Shape(*face, u"2").glyphs[0]));
 }
 
+TEST_F(FontsTest, TheFirstLetterDecidesOnTheDirectionOfTheLine) {
+  const auto face = Sans();
+  const base::Glyph letter = Shape(*face, u"a").glyphs[0];
+  EXPECT_TRUE(SamePicture(Shape(*face, u"שלום a").glyphs.front(), letter));
+  EXPECT_TRUE(SamePicture(Shape(*face, u"a שלום").glyphs.front(), letter));
+}
+
 TEST_F(FontsTest, PairsAreKernedAndMarksTakeNoRoom) {
   const auto face = Sans();
   EXPECT_LT(Shape(*face, u"AV").width, Shape(*face, u"A").width + Shape(*face, u"V").width - 0.5F);

@@ -32,10 +32,12 @@ TEST_F(RenderOrderTest, TheNearerMeshHidesTheFartherWhateverTheirOrder) {
 
 TEST_F(RenderOrderTest, DepthRunsFromZeroToOne) {
   AddQuad(-1.0F, -1.0F, 0.0F, 1.0F, 0.01F, kRed);
-  AddQuad(0.0F, -1.0F, 1.0F, 1.0F, -0.01F, kGreen);  // in front of the near plane
+  AddQuad(0.0F, -1.0F, 1.0F, 0.0F, -0.01F, kGreen);  // in front of the near plane
+  AddQuad(0.0F, 0.0F, 1.0F, 1.0F, 1.01F, kGreen);    // behind the far plane
   Show();
   EXPECT_EQ(At(8, 16), kRed);
-  EXPECT_EQ(At(24, 16), kBlack);
+  EXPECT_EQ(At(24, 24), kBlack);
+  EXPECT_EQ(At(24, 8), kBlack);
 }
 
 TEST_F(RenderOrderTest, ALaterLayerIsDrawnOverNearerThingsOfAnEarlierOne) {
