@@ -24,6 +24,10 @@ constexpr std::array<StringView, 13> kGuiWords{
     u"radiogroup",    u"visible/unvisible", u"unvisible/visible",   u"enable/disable",
     u"settext"};
 
+std::string Words(const GuiMessage& record) {
+  return base::ToUtf8(record.argument.empty() ? record.command : record.command + u':' + record.argument);
+}
+
 bool IsGuiWord(StringView word) { return std::ranges::find(kGuiWords, word) != kGuiWords.end(); }
 
 }  // namespace
@@ -40,14 +44,14 @@ std::int32_t Game::OnMessage(const Msg& message) {
 
 void Game::OnCommand(GuiMessage& record) {
   if (record.handled != 0 || IsGuiWord(record.command)) return;
-  print_("command: " + base::ToUtf8(record.text));
+  print_("command: " + Words(record));
   if (record.command == u"quit") quit_ = true;
   if (record.command == u"language") System::gui->SetLanguage(record.argument);
   record.handled = 1;
 }
 
 void Game::OnNotification(const GuiMessage& record) {
-  std::string line = "notification: " + base::ToUtf8(record.text);
+  std::string line = "notification: " + Words(record);
   const ICGUIObject* source = FindLiving(*System::gui, record.source);
   if (source != nullptr && source->info != nullptr) {
     line += " (" + base::ToUtf8(source->info->name) + " = " + std::to_string(source->info->position) + ')';

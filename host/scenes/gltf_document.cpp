@@ -84,7 +84,7 @@ void GltfDocument::CheckVersion() const {
   if (asset == nullptr || !Text(*asset, "version", "").starts_with("2.")) throw GltfError("not a glTF 2.0 file");
   for (const Json& name : Elements(root_, "extensionsRequired")) {
     if (!name.is_string()) throw GltfError("\"extensionsRequired\" has a wrong value");
-    const std::string& extension = name.get_ref<const std::string&>();
+    const auto& extension = name.get_ref<const std::string&>();
     if (std::ranges::find(kKnownExtensions, extension) == kKnownExtensions.end()) {
       throw GltfError("it requires the extension " + extension);
     }

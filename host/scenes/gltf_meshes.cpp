@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numeric>
 #include <optional>
 #include <string>
@@ -27,11 +28,13 @@ constexpr std::array kModes{Mode{kTriangleList, Triangulation::List}, Mode{5, Tr
 std::optional<Triangulation> ReadMode(const Json& primitive) {
   const std::size_t number = Index(primitive, "mode").value_or(kTriangleList);
   if (number > kLastMode) throw GltfError("there is no primitive mode " + std::to_string(number));
-  const auto found = std::ranges::find(kModes, number, &Mode::number);
+  const auto* const found = std::ranges::find(kModes, number, &Mode::number);
   return found == kModes.end() ? std::nullopt : std::optional(found->triangles);
 }
 
-std::uint8_t ToByte(float value) { return static_cast<std::uint8_t>(std::clamp(value, 0.0F, 1.0F) * 255.0F + 0.5F); }
+std::uint8_t ToByte(float value) {
+  return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0F, 1.0F) * 255.0F));
+}
 
 class PrimitiveReader {
  public:

@@ -24,6 +24,7 @@ using Arguments = std::vector<CallArgument>;
 
 std::vector<std::string> NamesOf(const std::vector<Call>& calls) {
   std::vector<std::string> names;
+  names.reserve(calls.size());
   for (const Call& call : calls) names.push_back(call.name);
   return names;
 }

@@ -12,10 +12,8 @@
 #include "engine/system.h"
 #include "engine/texture.h"
 
-namespace qen {
+namespace qen::base {
 namespace {
-
-using namespace base;
 
 constexpr std::uint32_t kWrap = DT_WORDBREAK | DT_EXPANDTABS;
 
@@ -270,4 +268,4 @@ TEST_F(DrawingTest, ProjectionsBeginLayers) {
 }
 
 }  // namespace
-}  // namespace qen
+}  // namespace qen::base

@@ -65,11 +65,11 @@ TEST(Aabb, Intersect) {
   const AABB box{{10.0F, 0.0F, 0.0F}, {1.0F, 2.0F, 3.0F}};
   const AABB flat{{0.0F, 5.0F, 0.0F}, {2.0F, 0.0F, 2.0F}};
   const struct {
-    const char* what;
+    const char* what = "";
     AABB box;
     Vec3 origin, direction;
-    bool hit;
-    float distance;
+    bool hit = false;
+    float distance = 0.0F;
   } kCases[] = {
       {"straight on", box, {0, 0, 0}, {1, 0, 0}, true, 9.0F},
       {"in multiples of the direction", box, {0, 0, 0}, {4.5F, 0, 0}, true, 2.0F},

@@ -15,10 +15,8 @@
 #include "engine/system.h"
 #include "engine/texture.h"
 
-namespace qen {
+namespace qen::base {
 namespace {
-
-using namespace base;
 
 void ExpectNear(const Vec3& got, const Vec3& wanted) {
   EXPECT_NEAR(got.x, wanted.x, 1e-4F);
@@ -455,4 +453,4 @@ TEST(AnimCtrl, PlaysStopsAndLoops) {
 }
 
 }  // namespace
-}  // namespace qen
+}  // namespace qen::base

@@ -18,10 +18,8 @@
 #include "engine/texture.h"
 #include "engine/vfs.h"
 
-namespace qen {
+namespace qen::base {
 namespace {
-
-using namespace base;
 
 TEST(EngineServices, ExistWhileTheEngineDoes) {
   EXPECT_EQ(System::daemon, nullptr);
@@ -294,4 +292,4 @@ TEST(GuiObject, TheSharedImplementation) {
 }
 
 }  // namespace
-}  // namespace qen
+}  // namespace qen::base

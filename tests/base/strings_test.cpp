@@ -146,7 +146,7 @@ TEST(Strings, LowerCase) {
 }
 
 TEST(Utf, ConvertsBothWays) {
-  const String text = u"a\u00E9\u20AC\uFEFF\U0001F600\0z";
+  const String text = u"a\u00E9\u20AC\uFEFF\U0001F600" + String{u'\0', u'z'};
   EXPECT_EQ(ToUtf8(u"a\u00E9\u20AC\U0001F600"), "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
   EXPECT_EQ(ToUtf16(ToUtf8(text)), text);
   EXPECT_EQ(ToUtf8(String{u'a', 0xD800, u'b', 0xDC00}),

@@ -16,10 +16,12 @@ float ValueOf(std::uint8_t texel) { return (static_cast<float>(texel) - 127.5F) 
 float CoverageByDisc(float radius, float left, float bottom) {
   constexpr int kParts = 16;
   int inside = 0;
-  for (int i = 0; i < kParts * kParts; ++i) {
-    const float x = left + (static_cast<float>(i % kParts) + 0.5F) / kParts;
-    const float y = bottom + (static_cast<float>(i / kParts) + 0.5F) / kParts;
-    inside += std::hypot(x, y) < radius ? 1 : 0;
+  for (int row = 0; row < kParts; ++row) {
+    const float y = bottom + (static_cast<float>(row) + 0.5F) / kParts;
+    for (int column = 0; column < kParts; ++column) {
+      const float x = left + (static_cast<float>(column) + 0.5F) / kParts;
+      inside += std::hypot(x, y) < radius ? 1 : 0;
+    }
   }
   return static_cast<float>(inside) / (kParts * kParts);
 }

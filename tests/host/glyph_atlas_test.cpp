@@ -8,6 +8,10 @@
 namespace qen::host {
 namespace {
 
+std::size_t TexelIndex(std::int32_t row, std::int32_t column, std::int32_t width) {
+  return static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(column);
+}
+
 // Remembers who wrote which texel.
 class FakePages final : public IGlyphPages {
  public:
@@ -20,7 +24,7 @@ class FakePages final : public IGlyphPages {
   std::uint32_t CreatePage(std::int32_t width, std::int32_t height) override {
     if (full) return 0;
     const auto page = static_cast<std::uint32_t>(pages.size() + 1);
-    pages[page] = {width, height, std::vector<std::uint8_t>(static_cast<std::size_t>(width * height))};
+    pages[page] = {width, height, std::vector<std::uint8_t>(TexelIndex(height, 0, width))};
     return page;
   }
 
@@ -31,12 +35,12 @@ class FakePages final : public IGlyphPages {
     ASSERT_GE(y, 0);
     ASSERT_LE(x + width, page.width);
     ASSERT_LE(y + height, page.height);
-    ASSERT_EQ(source.size(), static_cast<std::size_t>(width * height));
+    ASSERT_EQ(source.size(), TexelIndex(height, 0, width));
     for (std::int32_t row = 0; row < height; ++row) {
       for (std::int32_t column = 0; column < width; ++column) {
-        std::uint8_t& texel = page.texels[static_cast<std::size_t>((y + row) * page.width + x + column)];
+        std::uint8_t& texel = page.texels[TexelIndex(y + row, x + column, page.width)];
         ASSERT_EQ(texel, 0) << "a glyph lies on another";
-        texel = source[static_cast<std::size_t>(row * width + column)];
+        texel = source[TexelIndex(row, column, width)];
       }
     }
   }
@@ -46,7 +50,7 @@ class FakePages final : public IGlyphPages {
 };
 
 AtlasPlace Add(GlyphAtlas& atlas, std::int32_t width, std::int32_t height) {
-  return atlas.Add(width, height, std::vector<std::uint8_t>(static_cast<std::size_t>(width * height), 1));
+  return atlas.Add(width, height, std::vector<std::uint8_t>(TexelIndex(height, 0, width), 1));
 }
 
 TEST(GlyphAtlasTest, TwentyThousandGlyphsFindTheirPlaces) {
@@ -62,9 +66,9 @@ TEST(GlyphAtlasTest, TwentyThousandGlyphsFindTheirPlaces) {
     const FakePages::Page& page = pages.pages.at(place.texture);
     ASSERT_EQ(std::lround((place.u1 - place.u0) * static_cast<float>(page.width)), width);
     ASSERT_EQ(std::lround((place.v1 - place.v0) * static_cast<float>(page.height)), height);
-    const std::int64_t x = std::lround(place.u0 * static_cast<float>(page.width));
-    const std::int64_t y = std::lround(place.v0 * static_cast<float>(page.height));
-    ASSERT_EQ(page.texels[static_cast<std::size_t>(y * page.width + x)], 1);
+    const auto x = static_cast<std::int32_t>(std::lround(place.u0 * static_cast<float>(page.width)));
+    const auto y = static_cast<std::int32_t>(std::lround(place.v0 * static_cast<float>(page.height)));
+    ASSERT_EQ(page.texels[TexelIndex(y, x, page.width)], 1);
   }
   const double taken = static_cast<double>(pages.pages.size()) * 1024 * 1024;
   EXPECT_LT(taken, area * 1.35) << "too much of the pages is empty";
@@ -81,7 +85,7 @@ TEST(GlyphAtlasTest, NeighboursDoNotTouch) {
   for (std::int32_t y = 0; y < page.height; ++y) {
     std::int32_t run = 0;
     for (std::int32_t x = 0; x < page.width; ++x) {
-      run = page.texels[static_cast<std::size_t>(y * page.width + x)] != 0 ? run + 1 : 0;
+      run = page.texels[TexelIndex(y, x, page.width)] != 0 ? run + 1 : 0;
       ASSERT_LE(run, 10);
     }
   }

@@ -116,9 +116,9 @@ TEST_F(RenderMeshTest, AFlattenedNodeIsLitAsItWas) {
 }
 
 TEST_F(RenderMeshTest, PictureFactorAndVertexColourMultiply) {
-  const TestTexture texture(MakeTexture({255, 255, 0}));
+  TestTexture texture(MakeTexture({255, 255, 0}));
   SubMesh& mesh = AddFullQuad(0.5F, {255, 128, 255});
-  mesh.GetMaterialParams().AddTexture(TEXTURE_SLOT_1, const_cast<TestTexture*>(&texture));
+  mesh.GetMaterialParams().AddTexture(TEXTURE_SLOT_1, &texture);
   Show();
   EXPECT_THAT(Middle(), IsNear(Rgb{255, 128, 0}, 1));
 }

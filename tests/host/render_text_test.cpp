@@ -80,7 +80,8 @@ TEST_F(RenderTextTest, StemsHaveTheirTrueWidthAtEverySize) {
     AddText2D(*sans, u"I", GlyphStyle::DistanceField, 10.0F, static_cast<float>(em), static_cast<float>(em) / 20.0F);
     Show(em, em + em / 4);
     double width = 0.0;
-    for (std::int32_t x = 0; x < picture.width; ++x) width += At(x, em / 2).red / 255.0;
+    const std::int32_t middle = em / 2;
+    for (std::int32_t x = 0; x < picture.width; ++x) width += At(x, middle).red / 255.0;
     EXPECT_NEAR(width, 0.0985 * em, 1.0) << em;
   }
 }

@@ -1,0 +1,208 @@
+#include <limits>
+
+#include "tests/host/gltf_test.h"
+
+namespace qen::host {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+// A triangle with a material, a picture, an animation and a camera.
+Bytes SmallScene(GltfBuilder& builder) {
+  builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
+  builder.AddBytes("SCALAR", {0, 1, 2, 0});
+  builder.AddFloats("SCALAR", {0.0F, 1.0F});
+  builder.AddFloats("VEC3", {0, 0, 0, 1, 1, 1});
+  const auto view = builder.AddView(MakePicture());
+  return builder.Glb(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"n","mesh":0,"children":[1]},{"camera":0}],
+      "cameras":[{"perspective":{"yfov":1,"znear":1}}],
+      "meshes":[{"primitives":[{"attributes":{"POSITION":0},"indices":1,"material":0}]}],
+      "materials":[{"pbrMetallicRoughness":{"baseColorTexture":{"index":0}}}],"textures":[{"source":0}],
+      "images":[{"bufferView":)" +
+                     std::to_string(view) + R"(}],
+      "animations":[{"samplers":[{"input":2,"output":3}],"channels":[{"sampler":0,"target":{"node":0,"path":"scale"}}]}])");
+}
+
+using GltfMalformedTest = GltfTest;
+
+TEST_F(GltfMalformedTest, EveryBeginningOfAFileIsRefused) {
+  const Bytes whole = SmallScene(builder);
+  ASSERT_EQ(Scene(whole).images.size(), 1U);
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    // Storage of exactly that size, so that reading past it is noticed.
+    const Bytes part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+    EXPECT_THAT(WhyRefused(part), Not(IsEmpty())) << length << " bytes";
+  }
+}
+
+TEST_F(GltfMalformedTest, ChunksMustLieInTheFile) {
+  const Bytes whole = SmallScene(builder);
+  constexpr std::size_t kFirstChunk = 12;
+  const std::size_t textLength = whole[kFirstChunk] + 256U * whole[kFirstChunk + 1];
+  for (const std::size_t chunk : {kFirstChunk, kFirstChunk + 8 + textLength}) {
+    Bytes changed = whole;
+    changed[chunk + 3] = 0x7F;  // the highest byte of its length
+    EXPECT_THAT(WhyRefused(changed), HasSubstr("cut off")) << "chunk at " << chunk;
+  }
+}
+
+TEST_F(GltfMalformedTest, NoChangedByteDoesHarm) {
+  const Bytes whole = SmallScene(builder);
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    for (const int change : {0x01, 0x10, 0x80, 0xFF}) {
+      Bytes changed = whole;
+      changed[i] = static_cast<std::uint8_t>(changed[i] ^ change);
+      const auto scene = scenes.ParseScene(u"test.glb", changed, true, error);
+      if (!scene) continue;
+      for (const auto& mesh : scene->meshes) {
+        for (const base::SubMeshData& subMesh : mesh) {
+          for (const std::uint32_t index : subMesh.indices) ASSERT_LT(index, subMesh.vertices.size()) << "byte " << i;
+        }
+      }
+    }
+  }
+}
+
+struct Wrong {
+  const char* name;
+  const char* members;  // of the file
+  const char* reason;   // part of the message
+};
+
+std::ostream& operator<<(std::ostream& out, const Wrong& wrong) { return out << wrong.name; }
+
+class GltfWrongTest : public GltfTest, public ::testing::WithParamInterface<Wrong> {};
+
+TEST_P(GltfWrongTest, IsRefusedWithAReason) {
+  const std::string json =
+      R"({"asset":{"version":"2.0"},"buffers":[{"byteLength":40}],)" + std::string(GetParam().members) + '}';
+  const std::string reason = WhyRefused(MakeGlb(json, Bytes(40)));
+  EXPECT_THAT(reason, HasSubstr(GetParam().reason));
+  EXPECT_THAT(reason, Not(HasSubstr("\n")));
+}
+
+// Members of a file whose one mesh has these positions.
+#define POSITIONS(views, accessor) \
+  R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}],"bufferViews":[)" views R"(],"accessors":[)" accessor "]"
+#define VIEW R"({"buffer":0,"byteLength":36})"
+
+constexpr Wrong kWrong[] = {
+    {"Cycle", R"("scenes":[{"nodes":[0]}],"nodes":[{"children":[1]},{"children":[0]}])", "two parents"},
+    {"OwnChild", R"("scenes":[{"nodes":[0]}],"nodes":[{"children":[0]}])", "two parents"},
+    {"TwoParents", R"("nodes":[{"children":[2]},{"children":[2]},{}])", "two parents"},
+    {"NoSuchChild", R"("nodes":[{"children":[7]}])", "no element 7 of \"nodes\""},
+    {"NegativeChild", R"("scenes":[{"nodes":[-1]}],"nodes":[{}])", "something else than its position"},
+    {"NoSuchScene", R"("scene":3,"scenes":[{}])", "no element 3 of \"scenes\""},
+    {"NoSuchMesh", R"("nodes":[{"mesh":0}])", "no element 0 of \"meshes\""},
+    {"NoSuchCamera", R"("nodes":[{"camera":1}],"cameras":[{}])", "no element 1 of \"cameras\""},
+    {"FlatCamera", R"("nodes":[{"camera":0}],"cameras":[{"perspective":{"yfov":0,"znear":1}}])", "camera"},
+    {"TextAsNumber", R"("nodes":[{"translation":["a",0,0]}])", "\"translation\" has a wrong value"},
+    {"ShortVector", R"("nodes":[{"translation":[1,2]}])", "\"translation\" has a wrong value"},
+    {"HugeNumber", R"("nodes":[{"translation":[1e300,0,0]}])", "\"translation\" has a wrong value"},
+    {"NodesNoList", R"("nodes":{"a":1})", "\"nodes\" has a wrong value"},
+    {"NodeNoObject", R"("nodes":[5])", "something else than an object"},
+    {"NameNoText", R"("nodes":[{"name":5}])", "\"name\" has a wrong value"},
+    {"NoPositions", R"("meshes":[{"primitives":[{"attributes":{}}]}])", "no positions"},
+    {"NoSuchAccessor", R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}])", "no element 0 of \"accessors\""},
+    {"NoSuchMode", R"("meshes":[{"primitives":[{"mode":7,"attributes":{}}]}])", "mode 7"},
+    {"CountTooBig", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":4,"type":"VEC3"})"),
+     "does not fit"},
+    {"CountGiant",
+     POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":18446744073709551615,"type":"VEC3"})"),
+     "does not fit"},
+    {"CountNegative", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":-1,"type":"VEC3"})"), "count"},
+    {"CountMissing", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"type":"VEC3"})"), "\"count\" is missing"},
+    {"OffsetOutside",
+     POSITIONS(VIEW, R"({"bufferView":0,"byteOffset":99,"componentType":5126,"count":1,"type":"VEC3"})"),
+     "does not fit"},
+    {"OffsetGiant",
+     POSITIONS(VIEW,
+               R"({"bufferView":0,"byteOffset":18446744073709551600,"componentType":5126,"count":1,"type":"VEC3"})"),
+     "does not fit"},
+    {"ViewTooLong",
+     POSITIONS(R"({"buffer":0,"byteOffset":30,"byteLength":36})",
+               R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
+     "buffer view 0 is too long"},
+    {"ViewWraps",
+     POSITIONS(R"({"buffer":0,"byteOffset":18446744073709551600,"byteLength":36})",
+               R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
+     "buffer view 0 is too long"},
+    {"NoSuchBuffer",
+     POSITIONS(R"({"buffer":1,"byteLength":36})", R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
+     "no buffer 1"},
+    {"StrideTooSmall",
+     POSITIONS(R"({"buffer":0,"byteLength":36,"byteStride":4})",
+               R"({"bufferView":0,"componentType":5126,"count":3,"type":"VEC3"})"),
+     "does not fit"},
+    {"StrideGiant",
+     POSITIONS(R"({"buffer":0,"byteLength":36,"byteStride":18446744073709551615})",
+               R"({"bufferView":0,"componentType":5126,"count":3,"type":"VEC3"})"),
+     "does not fit"},
+    {"NoBufferView", POSITIONS("", R"({"componentType":5126,"count":1,"type":"VEC3"})"), "\"bufferView\" is missing"},
+    {"Sparse", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3","sparse":{}})"),
+     "is sparse"},
+    {"WrongComponents", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC2"})"),
+     "the wrong kind"},
+    {"Matrices", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"MAT3"})"), "unknown kind"},
+    {"WrongType", POSITIONS(VIEW, R"({"bufferView":0,"componentType":5130,"count":1,"type":"VEC3"})"),
+     "component type 5130"},
+    {"RequiredExtension", R"("extensionsRequired":["KHR_draco_mesh_compression"])", "KHR_draco_mesh_compression"},
+    {"MissingFile", R"("images":[],"buffers":[{"uri":"a\nb.bin","byteLength":4}])", "cannot read a?b.bin"},
+    {"BadDataUri", R"("buffers":[{"uri":"data:;base64,A*A=","byteLength":1}])", "data URI"},
+    {"ShortBuffer", R"("buffers":[{"uri":"data:;base64,AAAA","byteLength":4}])", "shorter"},
+};
+
+INSTANTIATE_TEST_SUITE_P(All, GltfWrongTest, ::testing::ValuesIn(kWrong),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(GltfMalformedTest, WhatIsNoGltfIsRefused) {
+  EXPECT_THAT(WhyRefused({}), HasSubstr("JSON"));
+  EXPECT_THAT(WhyRefused(ToBytes("solid cube")), HasSubstr("JSON"));
+  EXPECT_THAT(WhyRefused(ToBytes("[]")), Not(IsEmpty()));
+  EXPECT_THAT(WhyRefused(ToBytes("{}")), HasSubstr("not a glTF 2.0 file"));
+  EXPECT_THAT(WhyRefused(ToBytes(R"({"asset":{"version":"1.0"}})")), HasSubstr("not a glTF 2.0 file"));
+}
+
+TEST_F(GltfMalformedTest, DeepJsonIsNoDanger) {
+  constexpr std::size_t kDepth = 1'000'000;
+  const std::string deep = std::string(kDepth, '[') + std::string(kDepth, ']');
+  EXPECT_THAT(WhyRefused(ToBytes(R"({"extras":)" + deep + '}')), HasSubstr("not a glTF 2.0 file"));
+}
+
+TEST_F(GltfMalformedTest, AFewBytesCannotFillTheMemory) {
+  // Each of many primitives reads the same vertices.
+  constexpr int kPrimitives = 3000;
+  const Bytes zeros(1'200'000);
+  builder.AddView(zeros);
+  std::string json = builder.Json(R"("meshes":[{"primitives":[)");
+  json.resize(json.size() - 1);
+  for (int i = 0; i < kPrimitives; ++i) json += std::string(i == 0 ? "" : ",") + R"({"attributes":{"POSITION":0}})";
+  json += "]}]}";
+  const std::string noAccessors = R"("accessors":[])";
+  json.replace(json.find(noAccessors), noAccessors.size(),
+               R"("accessors":[{"bufferView":0,"componentType":5126,"count":100000,"type":"VEC3"}])");
+  EXPECT_THAT(WhyRefused(MakeGlb(json, builder.Binary())), HasSubstr("too many values"));
+}
+
+TEST_F(GltfMalformedTest, IndicesMustBeThoseOfVertices) {
+  builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
+  builder.AddBytes("SCALAR", {0, 1, 3});
+  builder.AddFloats("SCALAR", {0, 1, 2});
+  const auto with = [&](int indices) {
+    return WhyRefused(builder.Glb(R"("meshes":[{"primitives":[{"attributes":{"POSITION":0},"indices":)" +
+                                  std::to_string(indices) + "}]}]"));
+  };
+  EXPECT_THAT(with(1), HasSubstr("that of no vertex"));
+  EXPECT_THAT(with(2), HasSubstr("no unsigned integers"));
+}
+
+TEST_F(GltfMalformedTest, ValuesMustBeNumbers) {
+  builder.AddFloats("VEC3", {0, 0, 0, 1, std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0});
+  EXPECT_THAT(WhyRefused(builder.Glb(R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}])")),
+              HasSubstr("not a number"));
+}
+
+}  // namespace
+}  // namespace qen::host

@@ -1,0 +1,204 @@
+// Runs the program as people do.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <span>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "base/backends/image.h"
+#include "host/scenes/image_decoder.h"
+#include "tests/host/gltf_builder.h"
+#include "tests/host/temporary_folder.h"
+#include "tests/host/zip_file.h"
+
+namespace qen::host {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+// A page with a button that cannot be seen.
+std::string MakeEmptyScene() {
+  return GltfBuilder().Json(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}])");
+}
+
+// A page with a red square in the middle, which is a button, and an empty page.
+const std::vector<ZipEntry>& SmallGui() {
+  static const std::vector<ZipEntry> kFiles = [] {
+    GltfBuilder scene;
+    scene.AddFloats("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
+    scene.AddFloats("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
+    scene.AddBytes("SCALAR", {0, 1, 2, 0, 2, 3});
+    const Bytes glb = scene.Glb(R"("nodes":[{"name":"~bSquare","children":[1]},{"name":"normal","mesh":0}],
+        "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
+        "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
+    return std::vector<ZipEntry>{
+        {"Gui.txt", "lang lang.txt\nname pages\\first.txt\nname pages\\second.txt\n"},
+        {"Lang.txt", "lang english { str1 One }\nlang german { str1 Eins }\n"},
+        {"Empty.txt", "lang lang.txt\n"},
+        {"Pages/First.txt", "name scenes\\first.glb\n"},
+        {"Pages/Second.txt", "name scenes\\second.glb\n"},
+        {"Scenes/First.glb", std::string(glb.begin(), glb.end())},
+        {"Scenes/Second.glb", MakeEmptyScene()},
+    };
+  }();
+  return kFiles;
+}
+
+std::vector<int> Middle(const base::Image& image) {
+  const std::size_t pixels = image.rgba.size() / 4;
+  const std::size_t middle = pixels / 2 + static_cast<std::size_t>(image.width) / 2;
+  const std::span<const std::uint8_t> channels = std::span(image.rgba).subspan(4 * middle, 4);
+  return {channels.begin(), channels.end()};
+}
+
+class GuihostTest : public ::testing::Test {
+ protected:
+  // Runs the program in the temporary folder without a display. Its exit status; `out` and `err` are what it printed.
+  int Run(const std::string& arguments) {
+    const std::string inFolder = "cd '" + folder.Path().string() + "' && ";
+    const std::string program = "env -u DISPLAY -u WAYLAND_DISPLAY '" GUIHOST_PROGRAM "' ";
+    const int status = std::system((inFolder + program + arguments + " >out 2>err").c_str());
+    out = folder.Read("out");
+    err = folder.Read("err");
+    return status;
+  }
+
+  // What the program says when it fails, which must be one line.
+  std::string Complaint(const std::string& arguments) {
+    EXPECT_NE(Run(arguments), 0) << arguments;
+    EXPECT_EQ(std::ranges::count(err, '\n'), 1) << err;
+    EXPECT_THAT(err, StartsWith("guihost: "));
+    return err;
+  }
+
+  void WriteSmallGui() {
+    for (const ZipEntry& file : SmallGui()) folder.Write(file.name, file.content);
+  }
+
+  std::optional<base::Image> Picture(const std::string& name) {
+    const std::string bytes = folder.Read(name);
+    return DecodeImage({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+  }
+
+  TemporaryFolder folder;
+  std::string out;
+  std::string err;
+};
+
+TEST_F(GuihostTest, NamesWrongOptions) {
+  EXPECT_THAT(Complaint("--bogus"), HasSubstr("--bogus"));
+  EXPECT_THAT(Complaint(""), HasSubstr("description"));
+  EXPECT_THAT(Complaint("a.txt b.txt"), HasSubstr("b.txt"));
+  EXPECT_THAT(Complaint("a.txt --page"), HasSubstr("--page"));
+  for (const std::string size : {"10", "0x10", "10x", "x10", "10x-1", "1e1x10", "99999x10", "10x10x10"}) {
+    EXPECT_THAT(Complaint("a.txt --size " + size), HasSubstr("--size: " + size));
+  }
+  EXPECT_THAT(Complaint("a.txt --frames many"), HasSubstr("--frames"));
+}
+
+TEST_F(GuihostTest, NamesWhatCannotBeRead) {
+  WriteSmallGui();
+  EXPECT_THAT(Complaint("nosuch/gui.txt"), HasSubstr("cannot read nosuch/gui.txt: no such file"));
+  EXPECT_THAT(Complaint("Pages"), HasSubstr("cannot read Pages: it is a folder"));
+  EXPECT_THAT(Complaint("Gui.txt --data nosuch.zip"), HasSubstr("nosuch.zip"));
+  EXPECT_THAT(Complaint("Gui.txt --data Lang.txt"), HasSubstr("Lang.txt"));
+  EXPECT_THAT(Complaint("nosuch.txt --data ."), HasSubstr("nosuch.txt"));
+  EXPECT_THAT(Complaint("Gui.txt --module nosuch.so"), HasSubstr("nosuch.so"));
+  EXPECT_THAT(Complaint("Gui.txt --module Lang.txt"), HasSubstr("Lang.txt"));
+}
+
+TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
+  WriteSmallGui();
+  EXPECT_THAT(Complaint("Gui.txt --page third"), AllOf(HasSubstr("third"), HasSubstr("first, second")));
+  EXPECT_THAT(Complaint("Gui.txt --language klingon"), AllOf(HasSubstr("klingon"), HasSubstr("english, german")));
+  EXPECT_THAT(Complaint("Empty.txt"), HasSubstr("names no pages"));
+}
+
+TEST_F(GuihostTest, NamesWhatCannotBeWritten) {
+  WriteSmallGui();
+  EXPECT_THAT(Complaint("Gui.txt --shot nosuch/a.png"), HasSubstr("nosuch/a.png"));
+  EXPECT_THAT(Complaint("Gui.txt --tour Lang.txt"), HasSubstr("Lang.txt"));
+  EXPECT_THAT(Complaint("Gui.txt --frames 1 --trace nosuch/a.json"), HasSubstr("nosuch/a.json"));
+}
+
+TEST_F(GuihostTest, TellsItsOptionsAndVersion) {
+  EXPECT_EQ(Run("--help"), 0);
+  for (const char* option : {"--page", "--size", "--offscreen", "--shot", "--tour", "--trace", "--language", "--data",
+                             "--module", "--fps", "--frames", "--version"}) {
+    EXPECT_THAT(out, HasSubstr(option));
+  }
+  EXPECT_EQ(Run("--version"), 0);
+  EXPECT_THAT(out, StartsWith("guihost "));
+}
+
+TEST_F(GuihostTest, TakesAPictureOfThePageAskedFor) {
+  WriteSmallGui();
+  ASSERT_EQ(Run("Gui.txt --shot first.png --size 64x48"), 0) << err;
+  ASSERT_EQ(Run("Gui.txt --shot second.png --size 64x48 --page SECOND"), 0) << err;
+  const auto first = Picture("first.png");
+  const auto second = Picture("second.png");
+  ASSERT_TRUE(first && second);
+  ASSERT_EQ(first->width, 64);
+  ASSERT_EQ(first->height, 48);
+  EXPECT_THAT(Middle(*first), ElementsAre(::testing::Ge(240), ::testing::Le(15), ::testing::Le(15), 255));
+  EXPECT_THAT(Middle(*second), ElementsAre(0, 0, 0, 255));
+}
+
+TEST_F(GuihostTest, ReadsItsDataFromAnArchive) {
+  WriteZip(folder.Path() / "game.zip", SmallGui());
+  ASSERT_EQ(Run("gui.TXT --data game.zip --shot a.png --size 16x16"), 0) << err;
+  EXPECT_THAT(err, IsEmpty());
+  EXPECT_TRUE(Picture("a.png").has_value());
+}
+
+TEST_F(GuihostTest, LaterDataHidesTheDescriptionsFolder) {
+  WriteSmallGui();
+  folder.Write("patch/scenes/FIRST.glb", MakeEmptyScene());
+  ASSERT_EQ(Run("Gui.txt --data patch --shot a.png --size 16x16"), 0) << err;
+  const auto picture = Picture("a.png");
+  ASSERT_TRUE(picture.has_value());
+  EXPECT_THAT(Middle(*picture), ElementsAre(0, 0, 0, 255));
+}
+
+TEST_F(GuihostTest, PlaysTheTourWithoutADisplay) {
+  WriteSmallGui();
+  ASSERT_EQ(Run("Gui.txt --size 32x24"), 0) << err;
+  std::istringstream lines(out);
+  std::vector<std::string> pictures;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.ends_with(".png")) pictures.push_back(line);
+  }
+  ASSERT_THAT(pictures, Not(IsEmpty()));
+  EXPECT_EQ(pictures.front(), "shots/01_first.png");
+  EXPECT_THAT(pictures, ::testing::Contains(EndsWith("_second.png")));
+  for (const std::string& picture : pictures) EXPECT_TRUE(Picture(picture).has_value()) << picture;
+}
+
+TEST_F(GuihostTest, TracesTheCallsAsJson) {
+  WriteSmallGui();
+  ASSERT_EQ(Run("Gui.txt --frames 2 --trace calls.json --size 16x16"), 0) << err;
+  std::istringstream lines(folder.Read("calls.json"));
+  std::vector<std::string> calls;
+  for (std::string line; std::getline(lines, line);) {
+    const auto call = nlohmann::json::parse(line);
+    ASSERT_EQ(call.size(), 2U) << line;
+    ASSERT_TRUE(call.at("args").is_array()) << line;
+    calls.push_back(call.at("call"));
+  }
+  EXPECT_THAT(calls, ::testing::IsSupersetOf({"IVFS::ReadFile", "SimpleScene::Load", "ISceneMng::CreateInstance",
+                                              "Camera::SetProjection", "IRender::Submit"}));
+}
+
+}  // namespace
+}  // namespace qen::host
