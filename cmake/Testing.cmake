@@ -1,25 +1,20 @@
-# gui_add_test(NAME SOURCES FILE... [LIBRARIES TARGET...] [OPENGL])
+# gui_add_test(NAME SOURCES FILE... [LIBRARIES TARGET...])
 # One test program on GoogleTest; each of its tests is a test of ctest and runs in the root of the source tree.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-# OPENGL: graphics drivers leak, and are unloaded before the leak checker could tell them by their names.
 function(gui_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "OPENGL" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "gui_add_test(${name}): unexpected ${arg_UNPARSED_ARGUMENTS}")
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} engine base project_options GTest::gmock GTest::gtest_main)
-  set(leaks)
-  if(arg_OPENGL)
-    set(leaks ENVIRONMENT ASAN_OPTIONS=detect_leaks=0)
-  endif()
   gtest_discover_tests(
     ${name}
     TEST_PREFIX "${name}."
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 300 ${leaks})
+    PROPERTIES TIMEOUT 300)
 endfunction()
