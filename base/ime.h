@@ -1,7 +1,9 @@
 // The input-method service.
 #pragma once
 
+#include "base/backends/window_backend.h"
 #include "engine/ime.h"
+#include "engine/material.h"
 
 namespace qen {
 class Font;
@@ -22,8 +24,11 @@ class ImeService final : public IIMEQUENRIN {
   void Settle();
 
  private:
+  [[nodiscard]] Point Place(Point size) const;
+
   Context& engine_;
   Font* font_ = nullptr;  // the font manager's; made when first needed
+  MaterialParams plate_;
   bool wanted_ = false;
   bool settled_ = false;
 };

@@ -25,8 +25,8 @@ void CGUIMessageCollector::Post(std::uint32_t id, GuiMessage& record) {
 }
 
 void CGUIMessageCollector::Append(std::uint32_t id, const GuiMessage& record) {
+  if (record.handled != 0) firstHandled_ = std::min(firstHandled_, queue_.size());
   queue_.push_back({nextSerial_++, LiveSerial(record.source), LiveSerial(record.page), id, record});
-  if (record.handled != 0) ++handled_;
 }
 
 void CGUIMessageCollector::AppendPageCommand(std::uint32_t id, const GuiMessage& origin, StringView command,
@@ -97,20 +97,21 @@ void CGUIMessageCollector::StoreHandled(std::uint64_t serial, std::uint8_t handl
   const auto found = std::lower_bound(queue_.begin(), queue_.end(), serial,
                                       [](const Entry& entry, std::uint64_t wanted) { return entry.serial < wanted; });
   if (found == queue_.end() || found->serial != serial) return;
-  if (found->record.handled != 0) --handled_;
-  if (handled != 0) ++handled_;
+  if (handled != 0) firstHandled_ = std::min(firstHandled_, static_cast<std::size_t>(found - queue_.begin()));
   found->record.handled = handled;
 }
 
 void CGUIMessageCollector::Purge() {
-  if (handled_ == 0) return;
-  std::erase_if(queue_, [](const Entry& entry) { return entry.record.handled != 0; });
-  handled_ = 0;
+  if (firstHandled_ >= queue_.size()) return;
+  const auto first = queue_.begin() + static_cast<std::ptrdiff_t>(firstHandled_);
+  const auto isHandled = [](const Entry& entry) { return entry.record.handled != 0; };
+  queue_.erase(std::remove_if(first, queue_.end(), isHandled), queue_.end());
+  firstHandled_ = kNone;
 }
 
 void CGUIMessageCollector::Clear() {
   queue_.clear();
-  handled_ = 0;
+  firstHandled_ = kNone;
 }
 
 }  // namespace qen

@@ -28,13 +28,15 @@ class CGUIMessageCollector {
   // next delivery; a delivery inside a delivery does nothing.
   void Deliver();
 
-  // Drops the handled entries. Costs nothing when there are none.
+  // Drops the handled entries. Costs as much as there are entries from the first of these on.
   void Purge();
 
   void Clear();
   [[nodiscard]] std::size_t Size() const { return queue_.size(); }
 
  private:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
   struct Entry {
     std::uint64_t serial = 0;  // grows along the queue
     std::uint64_t sourceSerial = 0;
@@ -53,8 +55,8 @@ class CGUIMessageCollector {
   void StoreHandled(std::uint64_t serial, std::uint8_t handled);
 
   std::vector<Entry> queue_;
-  std::vector<Entry> delivered_;  // the copy that a delivery works on; kept for its storage
-  std::size_t handled_ = 0;       // handled entries in the queue
+  std::vector<Entry> delivered_;      // the copy that a delivery works on; kept for its storage
+  std::size_t firstHandled_ = kNone;  // no entry before it is handled
   std::uint64_t nextSerial_ = 1;
   bool delivering_ = false;
   IPageLists* lists_ = nullptr;

@@ -64,7 +64,7 @@ class QEN_API ICGUIObject {
   std::int32_t onMouseIndex = -1;
   std::int32_t disabledIndex = -1;
   std::int32_t id = 0;
-  std::int32_t state = 0;
+  std::int32_t state = 0;       // widget_state
   std::int32_t hoverSound = 1;  // sound kinds, see ICGUIPageObject::PlaySound
   std::int32_t clickSound = 0;
   SimpleSceneInstance* subScene = nullptr;  // not owned; set by the host

@@ -10,6 +10,8 @@ struct Rect {
   std::int16_t top = 0;
   std::int16_t right = 0;
   std::int16_t bottom = 0;
+
+  friend bool operator==(const Rect&, const Rect&) = default;
 };
 
 }  // namespace qen

@@ -7,11 +7,11 @@
 #include "engine/messages.h"
 #include "engine/scene_node.h"
 #include "engine/system.h"
+#include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/hit_test.h"
 #include "widgets/move_node.h"
 #include "widgets/text.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 

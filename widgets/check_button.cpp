@@ -2,10 +2,10 @@
 
 #include "engine/item_info.h"
 #include "engine/pick_result.h"
+#include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/button.h"
 #include "widgets/text.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 

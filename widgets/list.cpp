@@ -13,6 +13,7 @@
 #include "engine/ray.h"
 #include "engine/scene_node.h"
 #include "engine/system.h"
+#include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/hit_test.h"
 #include "widgets/item.h"
@@ -21,7 +22,6 @@
 #include "widgets/slide_bar.h"
 #include "widgets/text.h"
 #include "widgets/text_source.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 namespace {

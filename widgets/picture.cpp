@@ -6,10 +6,10 @@
 #include "engine/mesh.h"
 #include "engine/messages.h"
 #include "engine/scene_node.h"
+#include "engine/widget_state.h"
 #include "widgets/child_nodes.h"
 #include "widgets/hit_test.h"
 #include "widgets/move_node.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 

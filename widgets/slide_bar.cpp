@@ -7,12 +7,12 @@
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
+#include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/button.h"
 #include "widgets/hit_test.h"
 #include "widgets/key_codes.h"
 #include "widgets/numbers.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 

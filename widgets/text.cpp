@@ -9,6 +9,7 @@
 #include "engine/scene_node.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
+#include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/caret.h"
 #include "widgets/hit_test.h"
@@ -16,7 +17,6 @@
 #include "widgets/numbers.h"
 #include "widgets/slide_bar.h"
 #include "widgets/text_source.h"
-#include "widgets/widget_state.h"
 
 namespace qen {
 namespace {

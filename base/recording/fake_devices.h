@@ -41,8 +41,10 @@ class QEN_API FakeIme final : public IImeBackend {
  public:
   void Enable(bool enabled) override { changes.push_back(enabled); }
   String Composition() override { return composition; }
+  Rect Field() override { return field; }
 
   String composition;
+  Rect field;
   std::vector<bool> changes;  // each state it was told
 };
 

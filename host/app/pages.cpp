@@ -5,6 +5,7 @@
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
 #include "engine/string_converter.h"
+#include "engine/widget_state.h"
 
 namespace qen::host {
 
@@ -35,6 +36,17 @@ std::string ListPageNames(IGui& gui) {
 ICGUIAnim* FindPlayingAnim(IGui& gui) {
   for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
     if (ICGUIAnim* playing = gui.GetPage(page)->GetPlayingAnim()) return playing;
+  }
+  return nullptr;
+}
+
+ICGUIText* FindEditedText(IGui& gui) {
+  for (const std::uint32_t page : gui.GetActivePages()) {
+    const ICGUIPageObject* active = gui.GetPage(page);
+    if (active == nullptr) continue;
+    for (ICGUIObject* widget : active->items) {
+      if (widget->state == widget_state::kEditing) return dynamic_cast<ICGUIText*>(widget);
+    }
   }
   return nullptr;
 }

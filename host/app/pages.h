@@ -7,6 +7,7 @@
 
 #include "engine/gui.h"
 #include "engine/gui_object.h"
+#include "engine/gui_widgets.h"
 #include "engine/types.h"
 
 namespace qen::host {
@@ -21,6 +22,9 @@ std::string ListPageNames(IGui& gui);  // for messages, in UTF-8
 
 // The animation that keeps any of the pages busy; null when none is playing.
 ICGUIAnim* FindPlayingAnim(IGui& gui);
+
+// The text on an active page that is being edited; null when none is.
+ICGUIText* FindEditedText(IGui& gui);
 
 // The object when it is a widget of one of the pages, null when it is gone (or null).
 const ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object);

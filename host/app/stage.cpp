@@ -12,6 +12,7 @@
 #include "host/app/page_report.h"
 #include "host/app/pages.h"
 #include "host/app/picture_file.h"
+#include "host/app/widget_place.h"
 
 namespace qen::host {
 namespace {
@@ -109,6 +110,13 @@ void Stage::Update(double seconds) {
   engine_.Animate();
   Send(message::kFrame);
   Send(message::kDeliverQueue);
+  PlaceTextField();
+}
+
+void Stage::PlaceTextField() {
+  ICGUIText* edited = ime_.IsEnabled() ? FindEditedText(Gui()) : nullptr;
+  const auto place = edited != nullptr ? FindRectangle(*edited, camera_, window_.ClientSize()) : std::nullopt;
+  ime_.SetField(place.value_or(Rect{}));
 }
 
 void Stage::Draw() {

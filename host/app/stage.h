@@ -63,6 +63,7 @@ class Stage {
   void Load(const Options& options);
   void ChooseLanguage(StringView name) const;
   void ShowFirstPage(StringView name) const;
+  void PlaceTextField();
 
   PhysfsFiles files_;
   GameData data_;

@@ -48,7 +48,7 @@ class WindowLoop {
   void Run(std::optional<std::uint32_t> frames) {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
-      while (const auto event = stage_.Window().NextEvent()) Handle(*event);
+      TakeInput();
       stage_.Update(kStep);
       stage_.Draw();
       stage_.Window().Swap();
@@ -58,6 +58,14 @@ class WindowLoop {
   }
 
  private:
+  // Ends after a button, so that each press and each release has a frame of its own and none is lost in a slow one.
+  void TakeInput() {
+    while (const auto event = stage_.Window().NextEvent()) {
+      Handle(*event);
+      if (event->kind == InputKind::ButtonDown || event->kind == InputKind::ButtonUp) return;
+    }
+  }
+
   void Handle(const InputEvent& event) {
     const auto value = static_cast<std::uint32_t>(event.value);
     switch (event.kind) {

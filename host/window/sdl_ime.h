@@ -11,11 +11,23 @@ class SdlIme final : public base::IImeBackend {
  public:
   explicit SdlIme(SdlWindow& window) : window_(window) {}
 
-  void Enable(bool enabled) override { window_.EnableTextInput(enabled); }
+  void Enable(bool enabled) override { window_.EnableTextInput(enabled_ = enabled); }
   String Composition() override { return window_.Composition(); }
+  Rect Field() override { return field_; }
+
+  [[nodiscard]] bool IsEnabled() const { return enabled_; }
+
+  // Where text is typed into, client pixels; empty when nowhere. The system puts its list of candidates beside it.
+  void SetField(const Rect& field) {
+    if (field == field_) return;
+    field_ = field;
+    window_.SetTextArea(field);
+  }
 
  private:
   SdlWindow& window_;
+  bool enabled_ = false;
+  Rect field_;
 };
 
 }  // namespace qen::host

@@ -167,6 +167,14 @@ void SdlWindow::EnableTextInput(bool enabled) {
   }
 }
 
+void SdlWindow::SetTextArea(const Rect& client) {
+  const float scale = parts_->PixelScale();
+  const auto toUnits = [scale](int pixels) { return static_cast<int>(static_cast<float>(pixels) / scale); };
+  const SDL_Rect area{toUnits(client.left), toUnits(client.top), toUnits(client.right - client.left),
+                      toUnits(client.bottom - client.top)};
+  SDL_SetTextInputRect(&area);
+}
+
 const String& SdlWindow::Composition() const { return parts_->input.GetComposition(); }
 
 }  // namespace qen::host

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/backends/window_backend.h"
+#include "engine/rect.h"
 #include "engine/types.h"
 #include "host/window/input_event.h"
 
@@ -47,6 +48,7 @@ class SdlWindow final : public base::IWindowBackend {
   // The input method, for SdlIme.
   void EnableTextInput(bool enabled);
   [[nodiscard]] const String& Composition() const;
+  void SetTextArea(const Rect& client);
 
  private:
   struct Parts;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/recording/recording_engine.h"
 #include "base/recording/scene_builder.h"
 #include "engine/aabb.h"
@@ -218,8 +220,22 @@ TEST(InputMethod, IsToldOnlyWhatChanged) {
   engine.ime.composition = u"\u304B\u306A";
   frame(false);
   EXPECT_EQ(engine.ime.changes, (std::vector<bool>{true, false}));
-  ASSERT_EQ(engine.render.frame.vertices.size(), 12U) << "two characters";
-  EXPECT_EQ(engine.render.frame.vertices[4].position.y, 600.0F - 16.0F);
+}
+
+TEST(InputMethod, ShowsTheCompositionAtTheField) {
+  RecordingEngine engine;
+  engine.ime.composition = u"\u304B\u306A";
+  const auto top = [&engine] {
+    engine.Draw([] { System::ime->Draw(); });
+    const auto& vertices = engine.render.frame.vertices;
+    EXPECT_EQ(vertices.size(), 18U) << "a plate and two characters";
+    return std::ranges::min(vertices, {}, [](const DrawVertex& vertex) { return vertex.position.y; }).position.y;
+  };
+  EXPECT_GT(top(), 500.0F) << "at the lower edge of the window while no field is known";
+  engine.ime.field = {100, 200, 300, 240};
+  EXPECT_EQ(top(), 240.0F) << "under the field";
+  engine.ime.field = {100, 560, 300, 600};
+  EXPECT_LT(top(), 560.0F) << "over the field at the lower edge";
 }
 
 TEST(GuiObject, TheSharedImplementation) {
