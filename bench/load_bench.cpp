@@ -89,8 +89,20 @@ void DeliverWaiting(benchmark::State& state) {
   ReportEach(state);
 }
 
+// A frame of a small page while commands wait.
+void UpdateWithWaiting(benchmark::State& state) {
+  Host host;
+  AddBigPage(host.engine, u"big", 10);
+  host.gui->AddPage(u"big.txt", &host.engine.camera);
+  host.gui->SetViewport(&host.engine.viewport);
+  host.gui->GetActivePages() = {0};
+  for (std::int64_t i = 0; i < state.range(0); ++i) host.gui->AddRenderPage(0xFFFFFFFF);
+  for (auto _ : state) host.gui->Update(0, 0, 0);
+}
+
 BENCHMARK(LoadLanguage)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(DeliverWaiting)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(UpdateWithWaiting)->Arg(0)->Arg(10000);
 BENCHMARK(LoadPage)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(UpdatePage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
