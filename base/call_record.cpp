@@ -4,6 +4,7 @@
 #include <charconv>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "base/record.h"
 #include "base/utf.h"
@@ -11,9 +12,9 @@
 namespace qen::base {
 namespace {
 
-CallSink& Sink() {
-  static CallSink sink;
-  return sink;
+std::vector<const CallTap*>& Taps() {
+  static std::vector<const CallTap*> taps;
+  return taps;
 }
 
 std::unordered_map<const void*, String>& Names() {
@@ -36,12 +37,19 @@ CallArgument JoinNumbers(Numbers... numbers) {
 
 }  // namespace
 
-void SetCallSink(CallSink sink) {
-  recording = sink != nullptr;
-  Sink() = std::move(sink);
+CallTap::CallTap(CallSink sink) : sink_(std::move(sink)) {
+  Taps().push_back(this);
+  recording = true;
 }
 
-void EmitCall(const Call& call) { Sink()(call); }
+CallTap::~CallTap() {
+  std::erase(Taps(), this);
+  recording = !Taps().empty();
+}
+
+void EmitCall(const Call& call) {
+  for (const CallTap* tap : Taps()) tap->sink_(call);
+}
 
 void NameObject(const void* object, StringView name) { Names()[object] = name; }
 void ForgetObject(const void* object) { Names().erase(object); }

@@ -20,8 +20,19 @@ struct Call {
 
 using CallSink = std::function<void(const Call&)>;
 
-// Every call from now on goes to the sink; null ends the recording, which costs nothing then. Value types (maths,
-// boxes, colours, strings) and plain look-ups are not recorded.
-QEN_API void SetCallSink(CallSink sink);
+// While one lives, every call goes to its sink, which must not make or end taps; without any, recording costs nothing.
+// Value types (maths, boxes, colours, strings) and plain look-ups are not recorded.
+class QEN_API CallTap {
+ public:
+  explicit CallTap(CallSink sink);
+  ~CallTap();
+  CallTap(const CallTap&) = delete;
+  CallTap& operator=(const CallTap&) = delete;
+
+ private:
+  friend void EmitCall(const Call& call);
+
+  CallSink sink_;
+};
 
 }  // namespace qen::base

@@ -50,6 +50,8 @@ void Engine::EndFrame(Viewport& viewport) {
   services_->ime.Settle();
 }
 
+void Engine::EndHiddenFrame() { services_->ime.Settle(); }
+
 const DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
 
 }  // namespace qen::base

@@ -5,8 +5,7 @@
 
 int main(int argc, char** argv) {
   try {
-    qen::host::Run(argc, argv);
-    return 0;
+    return qen::host::Run(argc, argv) ? 0 : 1;
   } catch (const std::exception& problem) {
     std::fprintf(stderr, "guihost: %s\n", problem.what());
     return 1;

@@ -22,8 +22,6 @@ RecordingEngine::RecordingEngine(const std::function<void(Backends&)>& adjust) :
   RecordCalls(true);
 }
 
-RecordingEngine::~RecordingEngine() { RecordCalls(false); }
-
 void RecordingEngine::AddScene(StringView file, SceneData scene) {
   files.AddText(file, u"scene");
   scenes.AddScene(file, std::move(scene));
@@ -50,7 +48,8 @@ void RecordingEngine::Draw(const std::function<void()>& draw) {
 }
 
 void RecordingEngine::RecordCalls(bool on) {
-  SetCallSink(on ? CallSink([this](const Call& call) { calls.push_back(call); }) : CallSink());
+  tap_.reset();
+  if (on) tap_.emplace([this](const Call& call) { calls.push_back(call); });
 }
 
 std::vector<Call> RecordingEngine::CallsOf(std::string_view name) const {

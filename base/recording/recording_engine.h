@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -22,7 +23,7 @@ class QEN_API RecordingEngine {
  public:
   // `adjust` may take backends away.
   explicit RecordingEngine(const std::function<void(Backends&)>& adjust = {});
-  ~RecordingEngine();
+  ~RecordingEngine() = default;
   RecordingEngine(const RecordingEngine&) = delete;
   RecordingEngine& operator=(const RecordingEngine&) = delete;
 
@@ -53,6 +54,9 @@ class QEN_API RecordingEngine {
   Engine engine;
   Camera camera;
   Viewport viewport{&camera};  // as large as the window
+
+ private:
+  std::optional<CallTap> tap_;
 };
 
 }  // namespace qen::base

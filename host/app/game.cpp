@@ -38,19 +38,21 @@ Game::~Game() { System::daemon->RemoveHandler(this, kGameCategory); }
 
 std::int32_t Game::OnMessage(const Msg& message) {
   if (message.id == message::kCommand) OnCommand(*reinterpret_cast<GuiMessage*>(message.second));
-  if (message.id == message::kNotification) OnNotification(*reinterpret_cast<const GuiMessage*>(message.second));
+  if (message.id == message::kNotification) OnNotification(*reinterpret_cast<GuiMessage*>(message.second));
   return 0;
 }
 
 void Game::OnCommand(GuiMessage& record) {
   if (record.handled != 0 || IsGuiWord(record.command)) return;
+  if (hook_ && hook_(record)) return;
   print_("command: " + Words(record));
   if (record.command == u"quit") quit_ = true;
   if (record.command == u"language") System::gui->SetLanguage(record.argument);
   record.handled = 1;
 }
 
-void Game::OnNotification(const GuiMessage& record) {
+void Game::OnNotification(GuiMessage& record) {
+  if (hook_ && hook_(record)) return;
   std::string line = "notification: " + Words(record);
   const ICGUIObject* source = FindLiving(*System::gui, record.source);
   if (source != nullptr && source->info != nullptr) {

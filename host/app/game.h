@@ -12,6 +12,9 @@ namespace qen::host {
 // Receives a line to print.
 using LineSink = std::function<void(const std::string& line)>;
 
+// Is offered each record that the GUI leaves to others before the game answers it. True: it has been seen to.
+using CommandHook = std::function<bool(GuiMessage& record)>;
+
 // Registered with the engine's message daemon while it lives. The GUI's own words pass; every other command is printed
 // once and marked handled; "quit" also ends the program, and "language" switches to the language it names.
 // Notifications are printed.
@@ -24,13 +27,15 @@ class Game final : public Object {
 
   std::int32_t OnMessage(const Msg& message) override;
 
+  void SetHook(CommandHook hook) { hook_ = std::move(hook); }
   [[nodiscard]] bool HasQuit() const { return quit_; }
 
  private:
   void OnCommand(GuiMessage& record);
-  void OnNotification(const GuiMessage& record);
+  void OnNotification(GuiMessage& record);
 
   LineSink print_;
+  CommandHook hook_;
   bool quit_ = false;
 };
 

@@ -22,6 +22,7 @@ GameData MountGameData(const std::string& description, const std::vector<std::st
   std::error_code problem;
   const fs::path path(description);
   const bool isFile = fs::exists(path, problem) && !fs::is_directory(path, problem);
+  if (description.empty() && places.empty()) files.Mount(".");
   GameData data{base::ToUtf16(description), "."};
   if (isFile) {
     data = {base::ToUtf16(path.filename().string()), FolderOf(path)};
@@ -34,6 +35,7 @@ GameData MountGameData(const std::string& description, const std::vector<std::st
     files.Mount(place);
     if (!isFile && fs::is_directory(place, problem)) data.folder = place;
   }
+  if (description.empty()) return data;
   std::vector<std::uint8_t> bytes;
   if (!files.Read(data.description, bytes)) Fail(description, isFile ? "it cannot be opened" : "no such file");
   return data;

@@ -16,7 +16,8 @@ struct GameData {
 };
 
 // Mounts the folder of a description that is a file, then each of `places` over it. Otherwise the description is a name
-// in `places`, and the last of them that is a folder is written to. Throws std::runtime_error, naming what cannot be
+// in `places`, and the last of them that is a folder is written to. An empty description is none; the data is then in
+// `places`, or in the current folder without any. Throws std::runtime_error, naming what cannot be
 // read.
 GameData MountGameData(const std::string& description, const std::vector<std::string>& places, PhysfsFiles& files);
 

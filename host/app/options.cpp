@@ -2,13 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <filesystem>
 #include <stdexcept>
 #include <string_view>
+#include <tuple>
+#include <utility>
 
 namespace qen::host {
 namespace {
 
 constexpr std::int32_t kMaxSide = 16384;
+
+constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =
     "In the window: Alt+Enter switches full screen, F12 writes a picture.\n"
@@ -29,6 +34,13 @@ bool ParseSize(std::string_view text, Options& options) {
          ParseSide(text.substr(cross + 1), options.height);
 }
 
+std::string DescriptionBeside(const std::string& folder) {
+  namespace fs = std::filesystem;
+  const fs::path whole = fs::path(folder).lexically_normal();
+  const fs::path parent = whole.has_filename() ? whole.parent_path() : whole.parent_path().parent_path();
+  return (parent / "gui.txt").string();
+}
+
 void Declare(CLI::App& app, Options& options) {
   app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style");
   app.add_option("--page", options.page, "The page to show first; the description's first page without it")
@@ -47,6 +59,10 @@ void Declare(CLI::App& app, Options& options) {
       ->type_name("FOLDER");
   app.add_option("--trace", options.trace, "Writes every call into the engine, one JSON object a line")
       ->type_name("FILE");
+  app.add_option("--script", options.script, "Runs a script that drives the GUI (docs/scripting.md), and ends")
+      ->type_name("FILE");
+  app.add_flag("--realtime", options.realtime, "A script's frames take as long as they last");
+  app.add_flag("--update", options.update, "Scripts replace golden pictures instead of comparing with them");
   app.add_option("--language", options.language, "The language of the texts, english without it")->type_name("NAME");
   app.add_option("--data", options.data,
                  "Files are looked for there too; may be given again, later ones come before earlier ones")
@@ -55,6 +71,10 @@ void Declare(CLI::App& app, Options& options) {
   app.add_option("--module", options.module, "The GUI module, found beside the program without it")->type_name("FILE");
   app.add_flag("--fps", options.fps, "Shows frame times on screen");
   app.add_option("--frames", options.frames, "Ends after so many frames")->type_name("N");
+  CLI::App* test = app.add_subcommand("test", "Runs every script of a folder as a test, each with a GUI of its own");
+  test->add_option("FOLDER", options.testFolder, "Where the scripts are")->required();
+  test->add_option("GUI_DESCRIPTION", options.description, "gui.txt beside the folder without it");
+  test->fallthrough();
   app.set_help_flag("--help", "Prints this help and ends");
   app.set_version_flag("--version", "guihost " GUIHOST_VERSION, "Prints the version and ends");
   app.footer(kFooter);
@@ -74,8 +94,12 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& problem) {
     Refuse(problem.what());
   }
+  if (!options.testFolder.empty()) {
+    if (app.count("--size") == 0) std::tie(options.width, options.height) = kTestSize;
+    if (options.description.empty()) options.description = DescriptionBeside(options.testFolder);
+  }
   // Not left to the parser, which would miss it before it names an option that does not exist.
-  if (options.description.empty()) Refuse("no GUI description given");
+  if (options.description.empty() && options.script.empty()) Refuse("no GUI description given");
   return options;
 }
 

@@ -21,6 +21,10 @@ struct Options {
   std::string language;
   std::vector<std::string> data;
   std::string module;
+  std::string script;
+  std::string testFolder;  // not empty: its scripts are run as tests, and nothing else is done
+  bool realtime = false;
+  bool update = false;
   bool fps = false;
   std::optional<std::uint32_t> frames;
 };

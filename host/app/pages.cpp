@@ -1,9 +1,12 @@
 #include "host/app/pages.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <vector>
 
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
+#include "engine/item_info.h"
 #include "engine/string_converter.h"
 #include "engine/widget_state.h"
 
@@ -25,12 +28,34 @@ std::optional<std::uint32_t> FindPageByName(IGui& gui, StringView name) {
   return std::nullopt;
 }
 
-std::string ListPageNames(IGui& gui) {
-  std::string list;
+std::uint32_t PageNamed(IGui& gui, StringView name) {
+  if (const auto page = FindPageByName(gui, name)) return *page;
+  std::string known;
   for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
-    list += (list.empty() ? "" : ", ") + base::ToUtf8(ShortName(gui.GetPageName(page)));
+    known += (known.empty() ? "" : ", ") + base::ToUtf8(ShortName(gui.GetPageName(page)));
   }
-  return list;
+  throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + known);
+}
+
+ICGUIObject& FindWidget(IGui& gui, StringView name) {
+  const std::size_t slash = name.rfind(u'/');
+  const bool onPage = slash != StringView::npos;
+  const String wanted = ttolowercase(name.substr(onPage ? slash + 1 : 0));
+  std::vector<std::uint32_t> pages;
+  if (onPage) {
+    pages = {PageNamed(gui, name.substr(0, slash))};
+  } else {
+    pages = gui.GetActivePages();
+    for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pages.push_back(page);
+  }
+  for (const std::uint32_t page : pages) {
+    const ICGUIPageObject* object = gui.GetPage(page);
+    if (object == nullptr) continue;
+    for (ICGUIObject* widget : object->items) {
+      if (widget->info != nullptr && widget->info->name == wanted) return *widget;
+    }
+  }
+  throw std::runtime_error("there is no widget " + base::ToUtf8(name));
 }
 
 ICGUIAnim* FindPlayingAnim(IGui& gui) {
@@ -51,11 +76,12 @@ ICGUIText* FindEditedText(IGui& gui) {
   return nullptr;
 }
 
-const ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object) {
+ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object) {
   if (object == nullptr) return nullptr;
   for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
     const auto& items = gui.GetPage(page)->items;
-    if (std::ranges::find(items, object) != items.end()) return object;
+    const auto found = std::ranges::find(items, object);
+    if (found != items.end()) return *found;
   }
   return nullptr;
 }

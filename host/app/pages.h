@@ -18,7 +18,12 @@ String ShortName(StringView pageName);
 // The page of that name, exact or as people write it; nothing when there is none.
 std::optional<std::uint32_t> FindPageByName(IGui& gui, StringView name);
 
-std::string ListPageNames(IGui& gui);  // for messages, in UTF-8
+// The same. Throws std::runtime_error, with the names that there are, when there is none.
+std::uint32_t PageNamed(IGui& gui, StringView name);
+
+// The widget of that name, letter case aside, on the active pages first and then on all; "page/name" picks one of that
+// page. Throws std::runtime_error when there is none, saying so.
+ICGUIObject& FindWidget(IGui& gui, StringView name);
 
 // The animation that keeps any of the pages busy; null when none is playing.
 ICGUIAnim* FindPlayingAnim(IGui& gui);
@@ -27,6 +32,6 @@ ICGUIAnim* FindPlayingAnim(IGui& gui);
 ICGUIText* FindEditedText(IGui& gui);
 
 // The object when it is a widget of one of the pages, null when it is gone (or null).
-const ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object);
+ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object);
 
 }  // namespace qen::host

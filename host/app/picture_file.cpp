@@ -2,8 +2,11 @@
 
 #include <cstdint>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <vector>
+
+#include "host/scenes/image_decoder.h"
 
 #define STB_IMAGE_WRITE_IMPLEMENTATION
 #define STB_IMAGE_WRITE_STATIC
@@ -35,6 +38,12 @@ void WritePicture(const base::Image& image, const std::filesystem::path& file) {
                                              kChannels * image.width);
   stream.close();
   if (encoded == 0 || !stream) throw std::runtime_error("cannot write " + file.string());
+}
+
+std::optional<base::Image> ReadPicture(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
+  return DecodeImage({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
 }
 
 }  // namespace qen::host

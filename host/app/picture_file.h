@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "base/backends/image.h"
 
@@ -9,5 +10,8 @@ namespace qen::host {
 
 // Writes a picture, opaque. Throws std::runtime_error, naming the file, when it cannot be written.
 void WritePicture(const base::Image& image, const std::filesystem::path& file);
+
+// Nothing when the file cannot be read or is no picture.
+std::optional<base::Image> ReadPicture(const std::filesystem::path& file);
 
 }  // namespace qen::host

@@ -3,7 +3,8 @@
 
 namespace qen::host {
 
-// Throws std::exception, with one line that says why, when it cannot do what it is asked for.
-void Run(int argc, const char* const* argv);
+// False when tests were run and one failed. Throws std::exception, with one line that says why, when it cannot do what
+// it is asked for.
+bool Run(int argc, const char* const* argv);
 
 }  // namespace qen::host

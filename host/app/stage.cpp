@@ -17,7 +17,6 @@
 namespace qen::host {
 namespace {
 
-constexpr double kStep = 1.0 / 60.0;
 constexpr int kLongestWait = 600;  // steps
 constexpr int kQuietSteps = 3;     // commands that waited for an animation are carried out in the step after its end
 
@@ -31,15 +30,17 @@ WindowOptions ToWindowOptions(const Options& options, const StageOptions& stageO
 
 void WarnInLog(StringView line) { System::output->PrintError(u"%s\n", String(line).c_str()); }
 
-void PrintLine(const std::string& line) {
-  std::puts(line.c_str());
-  std::fflush(stdout);  // whoever reads it through a pipe sees it now
+void PrintLine(std::FILE* to, const std::string& line) {
+  std::fprintf(to, "%s\n", line.c_str());
+  std::fflush(to);  // whoever reads it through a pipe sees it now
 }
 
 }  // namespace
 
 Stage::Stage(const Options& options, const StageOptions& stageOptions)
-    : data_(MountGameData(options.description, options.data, files_)),
+    : offscreen_(stageOptions.offscreen),
+      quiet_(stageOptions.quiet),
+      data_(MountGameData(options.description, options.data, files_)),
       window_(ToWindowOptions(options, stageOptions)),
       renderer_({.toWindow = !stageOptions.offscreen, .onError = {}}),
       fonts_(renderer_.GlyphPages()),
@@ -54,22 +55,34 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
                .files = &files_,
                .ime = &ime_,
                .clock = stageOptions.manualClock ? &clock_ : nullptr}),
-      game_(PrintLine),
+      game_([this](const std::string& line) {
+        if (!quiet_) PrintLine(stdout, line);
+      }),
       viewport_(&camera_),
       module_(options.module.empty() ? DefaultModuleFile() : options.module) {
+  engine_.SetLogSink([this](StringView line, bool error) { OnLog(line, error); });
   Resize();
   Load(options);
   if (options.fps) frameTimes_.emplace();
 }
 
-void Stage::Load(const Options& options) {
-  System::SetBasePath(base::ToUtf16(data_.folder.string() + '/'));
-  if (!Gui().Load(data_.description.c_str(), &camera_)) {
-    throw std::runtime_error("cannot read " + options.description);
-  }
+bool Stage::LoadDescription(const String& file) {
+  const bool loaded = Gui().Load(file.c_str(), &camera_);
   ReportIncompletePages(Gui(), [](const std::string& line) { WarnInLog(base::ToUtf16(line)); });
   Gui().SetViewport(&viewport_);
   Send(message::kMouseMove);  // the GUI asks where the cursor is
+  return loaded;
+}
+
+void Stage::OnLog(StringView line, bool error) const {
+  if (logListener_) logListener_(line);
+  if (error || !quiet_) PrintLine(error ? stderr : stdout, base::ToUtf8(line));
+}
+
+void Stage::Load(const Options& options) {
+  System::SetBasePath(base::ToUtf16(data_.folder.string() + '/'));
+  if (options.description.empty()) return;
+  if (!LoadDescription(data_.description)) throw std::runtime_error("cannot read " + options.description);
   if (!options.language.empty()) ChooseLanguage(base::ToUtf16(options.language));
   ShowFirstPage(base::ToUtf16(options.page));
 }
@@ -85,9 +98,7 @@ void Stage::ChooseLanguage(StringView name) const {
 
 void Stage::ShowFirstPage(StringView name) const {
   if (Gui().GetPageCount() == 0) throw std::runtime_error(base::ToUtf8(data_.description) + " names no pages");
-  const auto page = name.empty() ? std::optional(0U) : FindPageByName(Gui(), name);
-  if (!page) throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + ListPageNames(Gui()));
-  Gui().SetPage(*page);
+  Gui().SetPage(name.empty() ? 0 : PageNamed(Gui(), name));
 }
 
 void Stage::Send(std::uint32_t id, std::uint32_t first, std::uintptr_t second) {
@@ -119,12 +130,23 @@ void Stage::PlaceTextField() {
   ime_.SetField(place.value_or(Rect{}));
 }
 
-void Stage::Draw() {
+void Stage::DrawPages() {
   engine_.BeginFrame();
   Send(message::kRender, 0, reinterpret_cast<std::uintptr_t>(&viewport_));
   Gui().DrawTooltip(&viewport_);
   if (frameTimes_) frameTimes_->Draw();
+}
+
+void Stage::Draw() {
+  DrawPages();
   engine_.EndFrame(viewport_);
+  hidden_ = false;
+}
+
+void Stage::DrawHidden() {
+  DrawPages();
+  engine_.EndHiddenFrame();
+  hidden_ = true;
 }
 
 void Stage::Settle() {
@@ -135,7 +157,10 @@ void Stage::Settle() {
   }
 }
 
-void Stage::WritePicture(const std::filesystem::path& file) const {
+void Stage::WritePicture(const std::filesystem::path& file) {
+  const base::Point size = window_.ClientSize();
+  if (hidden_) renderer_.Draw(engine_.GetDrawList(), size.x, size.y);
+  hidden_ = false;
   base::Image image;
   renderer_.Read(image);
   host::WritePicture(image, file);

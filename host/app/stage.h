@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -29,12 +30,15 @@ namespace qen::host {
 struct StageOptions {
   bool offscreen = false;    // no window and nothing heard
   bool manualClock = false;  // time passes by Update alone
+  bool quiet = false;        // only failures are printed
 };
 
-// Everything is loaded and the first page asked for when it is made. Throws std::runtime_error, with one line, when
-// that is not possible.
+// When it is made, everything that the options name is loaded and the first page asked for. Throws std::runtime_error,
+// with one line, when that is not possible.
 class Stage {
  public:
+  static constexpr double kStep = 1.0 / 60.0;  // seconds a frame where nothing else sets the pace
+
   Stage(const Options& options, const StageOptions& stageOptions);
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
@@ -43,6 +47,15 @@ class Stage {
   [[nodiscard]] SdlWindow& Window() { return window_; }
   [[nodiscard]] const Camera& GetCamera() const { return camera_; }
   [[nodiscard]] bool HasQuit() const { return game_.HasQuit(); }
+  [[nodiscard]] Game& GetGame() { return game_; }
+
+  [[nodiscard]] bool IsOffscreen() const { return offscreen_; }
+
+  // Hears of every line of the log as well; null for nobody.
+  void SetLogListener(std::function<void(StringView line)> listener) { logListener_ = std::move(listener); }
+
+  // Loads a description of the data, on top of what is loaded. False when it cannot be read.
+  bool LoadDescription(const String& file);
 
   // Sends a message to the GUI.
   void Send(std::uint32_t id, std::uint32_t first = 0, std::uintptr_t second = 0);
@@ -53,18 +66,25 @@ class Stage {
   void Resize();                // to the window's size
   void Update(double seconds);  // one frame without its picture; the seconds are for the manual clock
   void Draw();                  // the picture
+  void DrawHidden();            // all of it but the picture, which WritePicture makes up for
 
   // Updates until no page is animated and nothing waits, for 10 seconds of the manual clock at most.
   void Settle();
 
-  void WritePicture(const std::filesystem::path& file) const;  // of what was drawn last
+  void WritePicture(const std::filesystem::path& file);  // of what was drawn last
 
  private:
   void Load(const Options& options);
+  void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
   void ShowFirstPage(StringView name) const;
   void PlaceTextField();
+  void DrawPages();
 
+  bool offscreen_;
+  bool quiet_;
+  bool hidden_ = false;  // what was drawn last
+  std::function<void(StringView)> logListener_;
   PhysfsFiles files_;
   GameData data_;
   SdlWindow window_;

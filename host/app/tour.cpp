@@ -20,7 +20,6 @@
 namespace qen::host {
 namespace {
 
-constexpr double kStep = 1.0 / 60.0;
 constexpr int kHoverSteps = 75;  // long enough for a tooltip
 constexpr int kHeldSteps = 6;
 constexpr int kEntranceSteps = 120;
@@ -67,7 +66,7 @@ class Tour {
 
   void Run() {
     stage_.MoveCursor(kNowhere);
-    stage_.Update(kStep);  // carries out what the first page waits for
+    stage_.Update(Stage::kStep);  // carries out what the first page waits for
     const std::vector<std::uint32_t> active = gui_.GetActivePages();
     const std::uint32_t first = active.empty() ? 0 : active.front();
     ShowEntrance(first);
@@ -89,7 +88,7 @@ class Tour {
       ICGUIAnim* playing = gui_.GetPage(page)->GetPlayingAnim();
       if (playing == nullptr) return;
       if (playing->GetProgress() >= 0.5F) return TakePicture(name + "_entering");
-      stage_.Update(kStep);
+      stage_.Update(Stage::kStep);
     }
   }
 
@@ -166,7 +165,7 @@ class Tour {
   }
 
   void Steps(int count) {
-    for (int step = 0; step < count; ++step) stage_.Update(kStep);
+    for (int step = 0; step < count; ++step) stage_.Update(Stage::kStep);
   }
 
   void TakePicture(const std::string& name) {

@@ -3,8 +3,6 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "base/call_record.h"
-
 namespace qen::host {
 namespace {
 
@@ -22,13 +20,11 @@ std::string ToJsonLine(const base::Call& call) {
 
 TraceFile::TraceFile(const std::string& file) : name_(file), file_(file, std::ios::binary) {
   if (!file_) throw std::runtime_error("cannot write " + name_);
-  base::SetCallSink([this](const base::Call& call) { file_ << ToJsonLine(call); });
+  tap_.emplace([this](const base::Call& call) { file_ << ToJsonLine(call); });
 }
 
-TraceFile::~TraceFile() { base::SetCallSink(nullptr); }
-
 void TraceFile::Finish() {
-  base::SetCallSink(nullptr);
+  tap_.reset();
   file_.close();
   if (!file_) throw std::runtime_error("cannot write " + name_);
 }

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <fstream>
+#include <optional>
 #include <string>
+
+#include "base/call_record.h"
 
 namespace qen::host {
 
@@ -11,7 +14,7 @@ class TraceFile {
  public:
   // Throws std::runtime_error, naming the file, when it cannot be written.
   explicit TraceFile(const std::string& file);
-  ~TraceFile();
+  ~TraceFile() = default;
   TraceFile(const TraceFile&) = delete;
   TraceFile& operator=(const TraceFile&) = delete;
 
@@ -21,6 +24,7 @@ class TraceFile {
  private:
   std::string name_;
   std::ofstream file_;
+  std::optional<base::CallTap> tap_;
 };
 
 }  // namespace qen::host

@@ -15,7 +15,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr double kStep = 1.0 / 60.0;                    // off screen
 constexpr std::chrono::milliseconds kShortestFrame{4};  // where the display does not set the pace
 constexpr std::chrono::milliseconds kHiddenFrame{100};
 constexpr std::int32_t kMainButton = 1;
@@ -49,7 +48,7 @@ class WindowLoop {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
       TakeInput();
-      stage_.Update(kStep);
+      stage_.Update(Stage::kStep);
       stage_.Draw();
       stage_.Window().Swap();
       if (pictureWanted_) TakePicture();

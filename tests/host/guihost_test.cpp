@@ -12,9 +12,7 @@
 #include <vector>
 
 #include "base/backends/image.h"
-#include "host/scenes/image_decoder.h"
-#include "tests/host/gltf_builder.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/host/guihost_run.h"
 #include "tests/host/zip_file.h"
 
 namespace qen::host {
@@ -27,74 +25,12 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-// A page with a button that cannot be seen.
-std::string MakeEmptyScene() {
-  return GltfBuilder().Json(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}])");
-}
-
-// A page with a red square in the middle, which is a button, and an empty page.
-const std::vector<ZipEntry>& SmallGui() {
-  static const std::vector<ZipEntry> kFiles = [] {
-    GltfBuilder scene;
-    scene.AddFloats("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
-    scene.AddFloats("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
-    scene.AddBytes("SCALAR", {0, 1, 2, 0, 2, 3});
-    const Bytes glb = scene.Glb(R"("nodes":[{"name":"~bSquare","children":[1]},{"name":"normal","mesh":0}],
-        "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
-        "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
-    return std::vector<ZipEntry>{
-        {"Gui.txt", "lang lang.txt\nname pages\\first.txt\nname pages\\second.txt\n"},
-        {"Lang.txt", "lang english { str1 One }\nlang german { str1 Eins }\n"},
-        {"Empty.txt", "lang lang.txt\n"},
-        {"Pages/First.txt", "name scenes\\first.glb\n"},
-        {"Pages/Second.txt", "name scenes\\second.glb\n"},
-        {"Scenes/First.glb", std::string(glb.begin(), glb.end())},
-        {"Scenes/Second.glb", MakeEmptyScene()},
-    };
-  }();
-  return kFiles;
-}
-
 std::vector<int> Middle(const base::Image& image) {
   const std::size_t pixels = image.rgba.size() / 4;
   const std::size_t middle = pixels / 2 + static_cast<std::size_t>(image.width) / 2;
   const std::span<const std::uint8_t> channels = std::span(image.rgba).subspan(4 * middle, 4);
   return {channels.begin(), channels.end()};
 }
-
-class GuihostTest : public ::testing::Test {
- protected:
-  // Runs the program in the temporary folder without a display. Its exit status; `out` and `err` are what it printed.
-  int Run(const std::string& arguments) {
-    const std::string inFolder = "cd '" + folder.Path().string() + "' && ";
-    const std::string program = "env -u DISPLAY -u WAYLAND_DISPLAY '" GUIHOST_PROGRAM "' ";
-    const int status = std::system((inFolder + program + arguments + " >out 2>err").c_str());
-    out = folder.Read("out");
-    err = folder.Read("err");
-    return status;
-  }
-
-  // What the program says when it fails, which must be one line.
-  std::string Complaint(const std::string& arguments) {
-    EXPECT_NE(Run(arguments), 0) << arguments;
-    EXPECT_EQ(std::ranges::count(err, '\n'), 1) << err;
-    EXPECT_THAT(err, StartsWith("guihost: "));
-    return err;
-  }
-
-  void WriteSmallGui() {
-    for (const ZipEntry& file : SmallGui()) folder.Write(file.name, file.content);
-  }
-
-  std::optional<base::Image> Picture(const std::string& name) {
-    const std::string bytes = folder.Read(name);
-    return DecodeImage({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-  }
-
-  TemporaryFolder folder;
-  std::string out;
-  std::string err;
-};
 
 TEST_F(GuihostTest, NamesWrongOptions) {
   EXPECT_THAT(Complaint("--bogus"), HasSubstr("--bogus"));

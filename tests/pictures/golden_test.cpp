@@ -1,10 +1,12 @@
 // The sample's pages look as they did. GUI_UPDATE_GOLDENS=1 renews the goldens instead of comparing.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
-#include "tests/pictures/picture_compare.h"
+#include "host/app/picture_compare.h"
+#include "host/app/picture_file.h"
 
 namespace qen::test {
 namespace {
@@ -35,10 +37,11 @@ TEST_P(Golden, LooksAsBefore) {
     fs::copy_file(file, golden, fs::copy_options::overwrite_existing);
     return;
   }
-  const PictureDifference found = ComparePictures(file.string(), golden.string(), difference.string());
+  const host::PictureDifference found = host::ComparePictures(file, golden);
   ASSERT_TRUE(found.comparable) << file << " against " << golden;
-  EXPECT_LT(found.mean, 1.5) << difference;
-  EXPECT_LT(found.farShare, 0.001) << difference;
+  host::WritePicture(found.shown, difference);
+  EXPECT_TRUE(found.IsWithin(host::kPictureTolerance))
+      << difference << ": " << found.mean << " levels, " << found.farShare << " of the pixels clearly";
 }
 
 INSTANTIATE_TEST_SUITE_P(Sample, Golden,
@@ -48,15 +51,39 @@ INSTANTIATE_TEST_SUITE_P(Sample, Golden,
                                            Shot{"quit_dialog", "480x640", "english"}),
                          [](const auto& shot) { return shot.param.Name(); });
 
-// The comparison itself: what it must let pass and what it must not.
-TEST(PictureComparison, FailsForAnotherPage) {
-  const PictureDifference other = ComparePictures("tests/pictures/golden/options_640x480_arabic.png",
-                                                  "tests/pictures/golden/options_640x480_japanese.png", "");
-  ASSERT_TRUE(other.comparable);
-  EXPECT_GT(other.farShare, 0.001) << "a few words in another language must show";
-  EXPECT_FALSE(ComparePictures("tests/pictures/golden/main_menu_640x480_english.png",
-                               "tests/pictures/golden/main_menu_960x540_german.png", "")
-                   .comparable);
+// What the comparison must let pass and what it must not.
+class PictureComparison : public ::testing::Test {
+ protected:
+  // The golden picture against itself, moved `shift` pixels to the left and made `levels` brighter.
+  host::PictureDifference Compare(std::size_t shift, int levels) {
+    const fs::path golden = "tests/pictures/golden/options_640x480_arabic.png";
+    const base::Image image = host::ReadPicture(golden).value();
+    base::Image changed = image;
+    for (std::size_t i = 0; i < image.rgba.size(); ++i) {
+      const std::size_t from = std::min(i + shift * 4, image.rgba.size() - 4 + i % 4);
+      changed.rgba[i] = static_cast<std::uint8_t>(std::min(image.rgba[from] + levels, 255));
+    }
+    const fs::path file = fs::path(PICTURE_FOLDER) / "changed.png";
+    host::WritePicture(changed, file);
+    return host::ComparePictures(file, golden);
+  }
+};
+
+TEST_F(PictureComparison, PassesWhatDriversRoundDifferently) {
+  EXPECT_TRUE(Compare(0, 0).IsWithin(0.0));
+  EXPECT_TRUE(Compare(0, 1).IsWithin(host::kPictureTolerance));
+}
+
+TEST_F(PictureComparison, FailsForWhatPeopleSee) {
+  EXPECT_FALSE(Compare(4, 0).IsWithin(host::kPictureTolerance)) << "moved";
+  EXPECT_FALSE(Compare(0, 4).IsWithin(host::kPictureTolerance)) << "brighter";
+  const fs::path folder = "tests/pictures/golden";
+  EXPECT_FALSE(host::ComparePictures(folder / "options_640x480_arabic.png", folder / "options_640x480_japanese.png")
+                   .IsWithin(host::kPictureTolerance))
+      << "a few words in another language";
+  EXPECT_FALSE(
+      host::ComparePictures(folder / "options_640x480_arabic.png", folder / "main_menu_960x540_german.png").comparable);
+  EXPECT_FALSE(host::ComparePictures(folder / "none.png", folder / "none.png").comparable);
 }
 
 }  // namespace

@@ -1,0 +1,99 @@
+// Scripts: loading and pages.
+#include <array>
+#include <stdexcept>
+
+#include "base/utf.h"
+#include "engine/gui_page_object.h"
+#include "host/app/pages.h"
+#include "host/app/post_command.h"
+#include "host/script/script_functions.h"
+#include "host/script/script_world.h"
+
+namespace qen::host {
+namespace {
+
+constexpr std::int32_t kLongestWait = 600;  // frames
+constexpr int kQuietFrames = 3;  // commands that waited for an animation are carried out in the frame after its end
+
+int PushPageNames(lua_State* state, IGui& gui, const std::vector<std::uint32_t>& pages) {
+  std::vector<String> names;
+  names.reserve(pages.size());
+  for (const std::uint32_t page : pages) names.push_back(ShortName(gui.GetPageName(page)));
+  PushList(state, names);
+  return 1;
+}
+
+int Load(ScriptWorld& world, lua_State* state) {
+  Push(state, world.GetStage().LoadDescription(WideArgument(state, 1)));
+  return 1;
+}
+
+int Unload(ScriptWorld& world, lua_State*) {
+  world.Gui().Release();
+  return 0;
+}
+
+int SetPage(ScriptWorld& world, lua_State* state) {
+  world.Gui().SetPage(PageNamed(world.Gui(), WideArgument(state, 1)));
+  return 0;
+}
+
+int PostText(ScriptWorld& world, lua_State* state) {
+  PostCommand(world.Gui(), WideArgument(state, 1));
+  return 0;
+}
+
+int Pages(ScriptWorld& world, lua_State* state) {
+  std::vector<std::uint32_t> pages(world.Gui().GetPageCount());
+  for (std::uint32_t page = 0; page < pages.size(); ++page) pages[page] = page;
+  return PushPageNames(state, world.Gui(), pages);
+}
+
+int Active(ScriptWorld& world, lua_State* state) {
+  return PushPageNames(state, world.Gui(), world.Gui().GetActivePages());
+}
+
+int Rendered(ScriptWorld& world, lua_State* state) {
+  return PushPageNames(state, world.Gui(), world.Gui().GetRenderPages());
+}
+
+int Frame(ScriptWorld& world, lua_State* state) {
+  const std::int32_t count = IntegerArgument(state, 1, 1);
+  const double seconds = luaL_optnumber(state, 2, Stage::kStep);
+  luaL_argcheck(state, seconds >= 0.0, 2, "time does not run backwards");
+  for (std::int32_t i = 0; i < count; ++i) world.Frame(seconds);
+  return 0;
+}
+
+int Settle(ScriptWorld& world, lua_State* state) {
+  const std::int32_t longest = IntegerArgument(state, 1, kLongestWait);
+  int quiet = 0;
+  for (std::int32_t frame = 0; quiet < kQuietFrames; ++frame) {
+    ICGUIAnim* playing = FindPlayingAnim(world.Gui());
+    if (frame >= longest) {
+      const std::string what = playing != nullptr ? base::ToUtf8(playing->name) + " still plays" : "not settled";
+      throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
+    }
+    world.Frame(Stage::kStep);
+    quiet = FindPlayingAnim(world.Gui()) == nullptr ? quiet + 1 : 0;
+  }
+  return 0;
+}
+
+constexpr std::array<ScriptFunction, 9> kFunctions{{
+    {"load", Load},
+    {"unload", Unload},
+    {"setpage", SetPage},
+    {"command", PostText},
+    {"pages", Pages},
+    {"active", Active},
+    {"rendered", Rendered},
+    {"frame", Frame},
+    {"settle", Settle},
+}};
+
+}  // namespace
+
+ScriptFunctions PageFunctions() { return kFunctions; }
+
+}  // namespace qen::host

@@ -1,0 +1,50 @@
+// Scripts: pictures.
+#include <array>
+#include <filesystem>
+#include <stdexcept>
+
+#include "host/app/picture_compare.h"
+#include "host/app/picture_file.h"
+#include "host/script/script_functions.h"
+#include "host/script/script_world.h"
+
+namespace qen::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+int Shot(ScriptWorld& world, lua_State* state) {
+  world.GetStage().WritePicture(TextArgument(state, 1));
+  return 0;
+}
+
+// Compares the picture on screen, written to the first file, with the second one.
+int SameImage(ScriptWorld& world, lua_State* state) {
+  const fs::path file = TextArgument(state, 1);
+  const fs::path golden = TextArgument(state, 2);
+  const double tolerance = luaL_optnumber(state, 3, kPictureTolerance);
+  world.GetStage().WritePicture(file);
+  if (world.RenewsPictures()) {
+    fs::copy_file(file, golden, fs::copy_options::overwrite_existing);
+    Push(state, true);
+    return 1;
+  }
+  fs::path difference = file;
+  difference.replace_extension("difference.png");
+  const PictureDifference found = ComparePictures(file, golden);
+  if (!found.comparable) {
+    throw std::runtime_error(golden.string() + " cannot be compared: it is missing or of another size");
+  }
+  const bool same = found.IsWithin(tolerance);
+  if (!same) WritePicture(found.shown, difference);
+  Push(state, same);
+  return 1;
+}
+
+constexpr std::array<ScriptFunction, 2> kFunctions{{{"shot", Shot}, {"same_image", SameImage}}};
+
+}  // namespace
+
+ScriptFunctions PictureFunctions() { return kFunctions; }
+
+}  // namespace qen::host

@@ -1,0 +1,40 @@
+// Scripts that drive the GUI, in Lua.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "host/app/stage.h"
+
+struct lua_State;
+
+namespace qen::host {
+
+class ScriptWorld;
+
+struct ScriptOptions {
+  bool realtime = false;       // frames take as long as they last; otherwise they follow each other at once
+  bool renewPictures = false;  // golden pictures are replaced instead of compared with
+};
+
+class Script {
+ public:
+  Script(Stage& stage, const ScriptOptions& options);
+  ~Script();
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
+
+  // Throws std::runtime_error, with one line that names the file and the script's line, when the file cannot be read,
+  // is no Lua, or fails.
+  void Run(const std::filesystem::path& file);
+
+ private:
+  struct Close {
+    void operator()(lua_State* state) const;
+  };
+
+  std::unique_ptr<lua_State, Close> state_;
+  std::unique_ptr<ScriptWorld> world_;
+};
+
+}  // namespace qen::host

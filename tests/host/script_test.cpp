@@ -1,0 +1,125 @@
+// Scripts, and folders of them run as tests.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/host/guihost_run.h"
+
+namespace qen::host {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class ScriptTest : public GuihostTest {
+ protected:
+  ScriptTest() {
+    WriteSmallGui();
+    folder.Write("Pages/First.txt", "name scenes\\first.glb item ~bSquare { message play:now tooltip 1 textid 1 }");
+  }
+
+  // Runs a script on the small GUI; its exit status.
+  int Play(const std::string& script, const std::string& arguments = "") {
+    folder.Write("script.lua", script);
+    return Run("Gui.txt --offscreen --size 64x48 --script script.lua " + arguments);
+  }
+
+  // What a script fails with.
+  std::string FailureOf(const std::string& script) {
+    EXPECT_EQ(Play(script) == 0, false) << script;
+    EXPECT_THAT(err, AllOf(StartsWith("guihost: "), EndsWith("\n")));
+    return err;
+  }
+};
+
+TEST_F(ScriptTest, SeesAndDrivesTheGui) {
+  EXPECT_EQ(Play(R"(
+    gui.settle()
+    check_equal(gui.pages(), {"first", "second"})
+    check_equal(gui.active(), {"first"})
+    check_equal(gui.languages(), {"english", "german"})
+    check_equal(gui.text(1), "One")
+    check_equal(gui.language("german"), "german")
+    check_equal(gui.text(1), "Eins")
+    local square = gui.widget("~BSQUARE")
+    check_equal({square.type, square.page, square.x, square.y, square.visible}, {"b", "first", 32, 24, true})
+    local heard
+    gui.on("play", function(record) heard = record return true end)
+    gui.click("first/~bsquare")
+    gui.frame(70)
+    check_equal(heard, {text = "play:now", command = "play", argument = "now", value = 0, page = "first",
+                        source = "~bsquare", id = 0})
+    gui.command("setpage:second.glb")
+    gui.settle()
+    check_equal(gui.rendered(), {"second"})
+    gui.unload()
+    check_equal(gui.pages(), {})
+    check(gui.load("gui.txt"))
+    check_equal(#gui.pages(), 2)
+  )"),
+            0)
+      << err;
+}
+
+TEST_F(ScriptTest, FailsWithItsFileAndLine) {
+  EXPECT_THAT(FailureOf("\ncheck(false, 'no luck')"), HasSubstr("script.lua:2: no luck: the check failed"));
+  EXPECT_THAT(FailureOf("check_equal({1, {a = 2}}, {1, {a = 3}})"), HasSubstr("got {1, {a = 2}}, wanted {1, {a = 3}}"));
+  EXPECT_THAT(FailureOf("\n\ngui.setpage('third')"), HasSubstr("script.lua:3: there is no page third"));
+  EXPECT_THAT(FailureOf("gui.frame('often')"), HasSubstr("script.lua:1: bad argument #1 to 'frame'"));
+  EXPECT_THAT(FailureOf("x = = 1"), HasSubstr("script.lua:1:"));
+  EXPECT_THAT(FailureOf("gui.on('play', function()\nerror('ouch') end)\ngui.settle()\ngui.click('~bsquare')"),
+              HasSubstr("script.lua:2: ouch"))
+      << "a handler, long after it was set";
+  EXPECT_THAT(FailureOf("gui.settle(1)"), HasSubstr("after 1 frames"));
+  EXPECT_NE(Run("--script nosuch.lua"), 0);
+  EXPECT_THAT(err, HasSubstr("nosuch.lua"));
+}
+
+TEST_F(ScriptTest, TellsWhyAWidgetCannotBePointedAt) {
+  const std::string start = "gui.settle() ";
+  EXPECT_THAT(FailureOf(start + "gui.hover('~bback')"), HasSubstr("its page second is not active"));
+  EXPECT_THAT(FailureOf(start + "gui.hover('~bnone')"), HasSubstr("there is no widget ~bnone"));
+  EXPECT_THAT(FailureOf(start + "gui.set('~bsquare', 'visible', false) gui.hover('~bsquare')"), HasSubstr("is hidden"));
+  EXPECT_THAT(FailureOf(start + "gui.set('~bsquare', 'disabled', true) gui.hover('~bsquare')"),
+              HasSubstr("is disabled"));
+  EXPECT_THAT(FailureOf(start + "gui.setpage('second') gui.settle() gui.hover('~bback')"), HasSubstr("has no box"));
+}
+
+TEST_F(ScriptTest, RunsTheSameEveryTime) {
+  const std::string script = "gui.settle() gui.click('~bsquare') gui.frame(80)";
+  ASSERT_EQ(Play(script, "--trace first.json"), 0) << err;
+  ASSERT_EQ(Play(script, "--trace second.json"), 0) << err;
+  const std::string first = folder.Read("first.json");
+  EXPECT_NE(first.find("IRender::Submit"), std::string::npos);
+  EXPECT_TRUE(first == folder.Read("second.json"));
+}
+
+TEST_F(ScriptTest, ComparesPictures) {
+  ASSERT_EQ(Play("gui.settle() gui.shot('golden.png')"), 0) << err;
+  EXPECT_EQ(Play("gui.settle() check(gui.same_image('now.png', 'golden.png'))"), 0) << err;
+  const std::string other = "gui.setpage('second') gui.settle() check(gui.same_image('now.png', 'golden.png'))";
+  EXPECT_NE(Play(other), 0);
+  EXPECT_TRUE(Picture("now.difference.png").has_value());
+  EXPECT_EQ(Play(other, "--update"), 0) << err;
+  EXPECT_EQ(Play(other), 0) << "the golden picture was renewed: " << err;
+  EXPECT_THAT(FailureOf("gui.same_image('now.png', 'none.png')"), HasSubstr("none.png"));
+}
+
+TEST_F(ScriptTest, ManyAreTests) {
+  folder.Write("Checks/one.lua", "gui.settle() check_equal(gui.active(), {'first'}) gui.setpage('second')");
+  folder.Write("Checks/two.lua", "gui.settle() check_equal(gui.active(), {'first'}) -- a fresh GUI");
+  EXPECT_EQ(Run("test Checks Gui.txt"), 0) << err;
+  EXPECT_THAT(out, EndsWith("2 passed, 0 failed\n"));
+  folder.Write("Checks/bad.lua", "check(false)");
+  EXPECT_NE(Run("test Checks Gui.txt"), 0);
+  EXPECT_THAT(out, AllOf(HasSubstr("FAILED Checks/bad.lua"), HasSubstr("bad.lua:1: the check failed"),
+                         EndsWith("2 passed, 1 failed\n")));
+  EXPECT_THAT(Complaint("test nosuch Gui.txt"), HasSubstr("nosuch"));
+  EXPECT_THAT(Complaint("test Pages Gui.txt"), HasSubstr("no scripts"));
+}
+
+}  // namespace
+}  // namespace qen::host
