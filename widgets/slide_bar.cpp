@@ -7,6 +7,7 @@
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
+#include "engine/scene_node.h"
 #include "widgets/bind_child.h"
 #include "widgets/button.h"
 #include "widgets/hit_test.h"
@@ -75,7 +76,7 @@ bool CGUISlideBar::UpdateBar(const Ray& ray) {
   bar_->Update(ray);
   const LocalRay local = ToLocal(ray, *bar_->normalNode);
   const SlabHit hit = IntersectSlabs(barBox_, local);
-  if (!hit.hit || info->disabled != 0) return false;
+  if (!hit.hit || info->disabled != 0 || bar_->normalNode->mesh == nullptr) return false;
   result_.hovered = this;
   TakeKey();
   if (info->mouseState == mouse_state::kHeld) {
