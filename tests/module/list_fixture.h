@@ -53,6 +53,14 @@ class ListTest : public GuiTest {
     ClickHere();
   }
 
+  // The wheel and the step keys.
+  static constexpr Char kUpKey = 38;
+  static constexpr Char kDownKey = 40;
+  void Step(Char key) {
+    Send(message::kKey, key);
+    Deliver();
+  }
+
   std::vector<std::uint32_t> Selected() {
     std::vector<std::uint32_t> indices{77};
     return list->GetSelectedIndices(indices);

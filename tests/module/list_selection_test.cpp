@@ -6,14 +6,7 @@ namespace {
 
 using Indices = std::vector<std::uint32_t>;
 
-class ListSelection : public ListTest {
- protected:
-  // The wheel and the step keys.
-  void Step(Char key) { Send(message::kKey, key), Deliver(); }
-
-  static constexpr Char kUp = 38;
-  static constexpr Char kDown = 40;
-};
+class ListSelection : public ListTest {};
 
 TEST_F(ListSelection, OfOneMovesWithTheClick) {
   Open();
@@ -53,7 +46,7 @@ TEST_F(ListSelection, OfManyStopsAtTheLimit) {
   ClickRow(0);
   EXPECT_EQ(Selected(), (Indices{0, 5, 6})) << "one that is gone counts no more";
   Aim(RowPlace(2));
-  Step(kUp);
+  Step(kUpKey);
   EXPECT_EQ(Selected(), (Indices{0, 5, 6})) << "the keys are for one";
   EXPECT_EQ(Dispatched(), "");
 }
@@ -122,64 +115,6 @@ TEST_F(ListSelection, OfTheTopRowHonoursWhatTheHostChanges) {
   EXPECT_EQ(Dispatched(), "0+ ");
 }
 
-TEST_F(ListSelection, KeysGoRound) {
-  Open();
-  Fill(4);
-  Aim(RowPlace(7));  // on the box, below the rows
-  Step(kUp);
-  EXPECT_EQ(Selected(), Indices{}) << "there is none to start from";
-  Item(2).selected = 1;
-  Step(kUp);
-  EXPECT_EQ(Selected(), Indices{3});
-  EXPECT_EQ(Dispatched(), "2- 3+ ");
-  Step(kUp);
-  EXPECT_EQ(Selected(), Indices{0});
-  EXPECT_EQ(Dispatched(), "3- 0+ ");
-  Step(kDown);
-  EXPECT_EQ(Selected(), Indices{3});
-  Step(kDown);
-  EXPECT_EQ(Selected(), Indices{2});
-  Step(13);
-  MoveTo({1, 1});
-  Step(kDown);
-  EXPECT_EQ(Selected(), Indices{2}) << "other keys, and the cursor elsewhere";
-  Dispatched();
-
-  Item(1).info->disabled = 1;
-  Item(3).selected = 1;
-  Aim(RowPlace(7));
-  Step(kDown);
-  EXPECT_EQ(Selected(), Indices{1}) << "from the first selected one, to a disabled one as well";
-  EXPECT_EQ(Dispatched(), "2- 1+ ");
-}
-
-TEST_F(ListSelection, KeysScrollToTheirEntry) {
-  Open();
-  Fill(40);
-  Frame();
-  Item(39).selected = 1;
-  Aim(RowPlace(5));
-  Step(kUp);
-  EXPECT_EQ(list->info->position, 0);
-  Step(kDown);
-  EXPECT_EQ(list->info->position, 30) << "as far as the scrolling goes";
-  Item(39).selected = 0;
-  Item(12).selected = 1;
-  Step(kDown);
-  EXPECT_EQ(list->info->position, 11);
-}
-
-TEST_F(ListSelection, KeysThatStepTakeTheHoverBack) {
-  Open({}, {35, 0, 0});
-  Fill(5);
-  Item(1).selected = 1;
-  const base::Point at = Project(RowPlace(5) + Vec3{35, 0, 0});
-  const auto x = static_cast<std::uint32_t>(at.x);
-  const auto y = static_cast<std::uint32_t>(at.y);
-  EXPECT_EQ(gui->GetPage(0)->Pick(&engine.viewport, x, y, 0, 0, kUp), nullptr);
-  EXPECT_NE(gui->GetPage(0)->Pick(&engine.viewport, x, y, 0, 0, u'x'), nullptr);
-}
-
 TEST_F(ListSelection, ByTheHostShowsTheEntryAndDispatchesNothing) {
   Open(u"font Courier { height 50 }");  // four rows
   Fill(10);
@@ -193,7 +128,7 @@ TEST_F(ListSelection, ByTheHostShowsTheEntryAndDispatchesNothing) {
   list->SelectItem(&Item(5));
   EXPECT_EQ(Selected(), Indices{}) << "a disabled entry is not selected, but the others are no more";
   EXPECT_EQ(list->info->position, 3);
-  list->info->key = kUp;  // as the last update left it
+  list->info->key = kUpKey;  // as the last update left it
   list->info->mouseState = 2;
   list->SelectItem(&Item(4));
   EXPECT_EQ(Selected(), Indices{4}) << "old input counts no more";
@@ -227,7 +162,7 @@ TEST_F(ListSelection, TakesAnyLimit) {
     Fill(5);
     for (std::uint32_t i = 0; i < 5; ++i) ClickRow(i);
     EXPECT_EQ(Selected().size(), row.selected) << Narrow(row.limit);
-    Step(kUp);
+    Step(kUpKey);
   }
 }
 

@@ -16,6 +16,19 @@ inline std::int32_t AddPart(base::SceneData& scene, StringView role, const Mark&
   return node;
 }
 
+// A check button of 20 x 10 units with all its states and labels.
+inline void AddCheckButton(base::SceneData& scene, const String& name, const Vec3& place) {
+  const std::int32_t node = base::AddNode(scene, u"~c" + name, -1, place);
+  for (const StringView side : {u"checked_", u"unchecked_"}) {
+    const std::int32_t half = base::AddNode(scene, String(side) + name, node);
+    for (const StringView state : {u"normal_", u"onmouse_", u"disabled_"}) {
+      base::AddBox(scene, String(state) + String(side) + name, half, {}, {10, 5, 1});
+    }
+    base::AddNode(scene, u"text_" + String(side) + name, half);
+  }
+  base::AddNode(scene, u"text_" + name, node);
+}
+
 // A slide bar 60 units long round `place`: its bar, its slider at the near end, its step buttons beyond the ends. Named
 // `name`, which is "~s..." for a widget and "slidery..." for a part of one.
 inline void AddSlideBar(base::SceneData& scene, const String& name, std::int32_t parent, const Vec3& place,
