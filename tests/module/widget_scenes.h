@@ -42,6 +42,14 @@ inline void AddSlideBar(base::SceneData& scene, const String& name, std::int32_t
   AddPart(scene, u"up", name, node, along(36), size(2));
 }
 
+// A text in a box 40 units wide and 20 high, perhaps with a slide bar on its right.
+inline std::int32_t AddTextBox(base::SceneData& scene, const String& name, const Vec3& place, bool scrolls = false) {
+  const std::int32_t node = base::AddNode(scene, u"~t" + name, -1, place);
+  base::AddBox(scene, u"normal_" + name, node, {}, {20, 10, 1});
+  if (scrolls) AddSlideBar(scene, u"slidery_" + name, node, {30, 0, 0}, true);
+  return node;
+}
+
 // A list 60 units wide and 30 high in the middle of the view, with a slide bar on its right.
 inline std::int32_t AddList(base::SceneData& scene, const String& name, const Vec3& place = {}) {
   const std::int32_t node = base::AddNode(scene, u"~l" + name, -1, place);
