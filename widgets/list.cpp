@@ -67,7 +67,7 @@ PickResult* CGUIList::Update(const Ray& ray) {
     slideBar_->wrap = maxSelect == 0 ? 1 : 0;
     result = slideBar_->Update(ray);
   }
-  if (result == nullptr && normalNode != nullptr && normalNode->mesh != nullptr) {
+  if (result == nullptr && HasBox()) {
     Measure();
     const LocalRay local = ToLocal(ray, *normalNode);
     const SlabHit hit = IntersectSlabs(normalNode->mesh->GetAABB(), local);
@@ -85,6 +85,8 @@ PickResult* CGUIList::Update(const Ray& ray) {
   if (result->hovered != nullptr) result->hovered = this;
   return result->clicked != nullptr || result->hovered != nullptr ? result : nullptr;
 }
+
+bool CGUIList::HasBox() const { return normalNode != nullptr && normalNode->mesh != nullptr; }
 
 // The rows that fit the box, and the range of the top row.
 void CGUIList::Measure() {
@@ -255,15 +257,14 @@ void CGUIList::SelectItem(ICGUIItem* item) {
   Update(kMeasuringRay);
   info->key = key;
   info->mouseState = mouse;
+  if (HasBox()) Measure();  // a hidden list's update does not, nor one whose slide bar is in the ray's way
 
   for (std::size_t i = 0; i < items_.size(); ++i) {
     CGUIItem& candidate = *items_[i];
     candidate.selected = &candidate == item && candidate.info->disabled == 0 ? 1 : 0;
     if (candidate.selected == 0) continue;
-    info->position = static_cast<std::int32_t>(i);
-    if (rows_ <= 1) continue;
     const auto lastTop = static_cast<std::int32_t>(items_.size()) - rows_;
-    info->position = std::max(std::min(info->position, lastTop), 0);
+    info->position = std::max(std::min(static_cast<std::int32_t>(i), lastTop), 0);
   }
 }
 

@@ -53,6 +53,7 @@ class CGUIList : public ICGUIList {
     std::size_t last = 0;
   };
 
+  [[nodiscard]] bool HasBox() const;
   void Measure();
   [[nodiscard]] Selection FindSelection() const;
   const Selection& CurrentSelection();

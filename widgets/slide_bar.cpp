@@ -53,10 +53,9 @@ PickResult* CGUISlideBar::Update(const Ray& ray) {
   }
   PickResult* result = slider_ ? slider_->Update(ray) : nullptr;
   const float halfSlider = HalfSlider();
-  const bool barHovered = UpdateBar(ray);
-  if (barHovered) result = &result_;
+  if (UpdateBar(ray)) result = &result_;
   SetPosition(info->position);
-  if (!barHovered && result == nullptr) result = UpdateStepButtons(ray);
+  if (result == nullptr) result = UpdateStepButtons(ray);
   PlaceSlider(halfSlider);
   state = info->disabled == 0 && result != nullptr ? widget_state::kOnMouse : widget_state::kNormal;
   return Report(result);

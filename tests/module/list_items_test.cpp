@@ -109,6 +109,10 @@ TEST_F(ListItems, StandAnythingWhileHiddenOrReleased) {
   list->SelectItem(&Item(48));
   list->SelectItem(&Item(48));
   EXPECT_EQ(Selected(), Indices{48});
+  list->info->position = list->info->max = 0;
+  list->SelectItem(&Item(30));
+  EXPECT_EQ(list->info->position, 30) << "a hidden one too";
+  EXPECT_EQ(list->info->max, 40);
   ShowOnly(0);
   Frame();
   list->RemoveItemAt(48);

@@ -102,6 +102,14 @@ TEST_F(ListSelection, OfTheTopRowHonoursWhatTheHostChanges) {
   Item(10).selected = Item(5).selected;  // from flag to flag
   Frame();
   EXPECT_EQ(Dispatched(), "10- 5+ ");
+  Item(3).selected = 1;
+  list->info->position = 1;
+  Frame();
+  Frame();
+  EXPECT_EQ(Dispatched(), "5- 1+ 3- 1+ ") << "one more each frame";
+  list->info->position = 5;
+  Frame();
+  Dispatched();
   list->RemoveItemAt(5);
   Frame();
   EXPECT_EQ(Dispatched(), "6+ ") << "the entry that moved up to the top";
@@ -128,16 +136,28 @@ TEST_F(ListSelection, ByTheHostShowsTheEntryAndDispatchesNothing) {
   list->SelectItem(&Item(5));
   EXPECT_EQ(Selected(), Indices{}) << "a disabled entry is not selected, but the others are no more";
   EXPECT_EQ(list->info->position, 3);
-  list->info->key = kUpKey;  // as the last update left it
-  list->info->mouseState = 2;
   list->SelectItem(&Item(4));
-  EXPECT_EQ(Selected(), Indices{4}) << "old input counts no more";
+  EXPECT_EQ(Selected(), Indices{4});
   Frame();
   EXPECT_EQ(Dispatched(), "");
   list->RemoveItemAt(9);
   while (list->GetItemCount() > 2) list->RemoveItemAt(0);
   list->SelectItem(&Item(1));
   EXPECT_EQ(list->info->position, 0);
+}
+
+// The list measures itself for it with a ray, which may meet anything.
+TEST_F(ListSelection, ByTheHostTakesNoInput) {
+  Open(u"message clicked:", {-41, 0, 0.5F});  // the slide bar is in the ray's way
+  Fill(10);
+  list->info->mouseState = 2;  // as the last update left them
+  list->info->key = kDownKey;
+  list->SelectItem(&Item(4));
+  Deliver();
+  EXPECT_TRUE(listener.records.empty());
+  EXPECT_EQ(list->info->position, 0);
+  EXPECT_EQ(list->info->mouseState, 2U);
+  EXPECT_EQ(list->info->key, kDownKey);
 }
 
 TEST_F(ListSelection, PassesDisabledRowsOver) {

@@ -12,7 +12,8 @@ class SlideBar : public GuiTest {
     AddSlideBar(scene, u"~sx", -1, {0, -40, 0}, false);
     AddSlideBar(scene, u"~sy", -1, {60, 0, 0}, true);
     engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb");
+    engine.AddSound(u"hover.wav");
+    AddText(u"s.txt", u"name s.glb onmousewav hover.wav");
     page = OpenPage(u"s.txt");
     ShowOnly(0);
     x = dynamic_cast<ICGUISlideBar*>(Find(u"~sx"));
@@ -126,7 +127,6 @@ TEST_F(SlideBar, TellsOfEveryFrameThatItIsDragged) {
   EXPECT_EQ(result->clicked, nullptr) << "a release does not move it";
   Deliver();
   EXPECT_EQ(Dispatched(), "c") << "but it is a click on the button that the bar is";
-  EXPECT_TRUE(engine.sound.played.empty());
 }
 
 TEST_F(SlideBar, StepsByATenthWithTheKeys) {
@@ -182,6 +182,13 @@ TEST_F(SlideBar, StepsByOneWithItsButtons) {
     ClickAt(OnX(place));
     EXPECT_EQ(x->info->position, wanted) << "round the ends";
   }
+}
+
+TEST_F(SlideBar, SoundsOnItsButtonsOnly) {
+  Pick(OnX(0.5), 0);
+  EXPECT_TRUE(engine.sound.played.empty());
+  Pick(OnX(kUp), 0);
+  EXPECT_EQ(engine.sound.played, std::vector<std::string>{"hover.wav"});
 }
 
 TEST_F(SlideBar, IgnoresAllWhileDisabled) {
