@@ -77,6 +77,24 @@ TEST_F(List, LightsRowsWhereverItStands) {
   }
 }
 
+TEST_F(List, LightsTheRowsOfABoxThatIsNotCentred) {
+  base::SceneData scene;
+  const std::int32_t node = base::AddNode(scene, u"~llong", -1, {0, 20, 0});
+  base::AddBox(scene, u"list", node, {}, {30, 15, 1});
+  ShiftMesh(scene, {0, -15, 0});  // it hangs from the node's origin
+  engine.AddScene(u"s.glb", std::move(scene));
+  AddText(u"s.txt", u"name s.glb");
+  OpenPage(u"s.txt");
+  ShowOnly(0);
+  list = dynamic_cast<ICGUIList*>(Find(u"~llong"));
+  Fill(20);
+  for (const std::uint32_t row : {0U, 4U, 9U}) {
+    Aim(RowPlace(row) + Vec3{0, 5, 0});
+    Frame();
+    EXPECT_EQ(Lit(), Indices{row});
+  }
+}
+
 TEST_F(List, ReportsItselfWithoutAClick) {
   Open();
   Fill(3);

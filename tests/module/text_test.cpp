@@ -37,6 +37,15 @@ TEST_F(Text, IsDrawnInItsBox) {
   EXPECT_FALSE(IsDrawn(u"normal_text", 0)) << "the box itself is not";
 }
 
+TEST_F(Text, StartsAtTheCornerOfABoxThatIsNotCentred) {
+  base::SceneData scene;
+  AddTextBox(scene, u"text", {5, 7, 0});
+  ShiftMesh(scene, {20, -10, 2});  // its upper left corner is the node's origin
+  Open(std::move(scene));
+  text->SetText(u"word");
+  EXPECT_EQ(Drawn(), "5 4.06 0 | 0 0 40 20 | 50 ffffffff word\n");
+}
+
 TEST_F(Text, IsDrawnUnclippedWithoutABox) {
   base::SceneData scene;
   base::AddNode(scene, u"~ttext", -1, {5, 7, 0});

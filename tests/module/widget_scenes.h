@@ -16,6 +16,13 @@ inline std::int32_t AddPart(base::SceneData& scene, StringView role, const Mark&
   return node;
 }
 
+// Moves the mesh of the last node away from the node's origin.
+inline void ShiftMesh(base::SceneData& scene, const Vec3& offset) {
+  for (base::SubMeshData& part : scene.meshes.at(static_cast<std::size_t>(scene.nodes.back().mesh))) {
+    for (base::Vertex& vertex : part.vertices) vertex.position += offset;
+  }
+}
+
 // A check button of 20 x 10 units with all its states and labels.
 inline void AddCheckButton(base::SceneData& scene, const String& name, const Vec3& place) {
   const std::int32_t node = base::AddNode(scene, u"~c" + name, -1, place);
