@@ -8,6 +8,11 @@
 #include "engine/scene_node.h"
 
 namespace qen {
+namespace {
+
+std::uint64_t selectionChanges = 1;
+
+}  // namespace
 
 ICGUIObject::ICGUIObject() = default;
 ICGUIObject::~ICGUIObject() = default;
@@ -42,6 +47,9 @@ void ICGUIObject::GetMatrix(Matrix4x4& matrix) {
 void ICGUIObject::GetAABB(AABB& box) {
   if (normalNode != nullptr && normalNode->mesh != nullptr) box = normalNode->mesh->GetAABB();
 }
+
+std::uint64_t SelectedFlag::ChangeCount() { return selectionChanges; }
+void SelectedFlag::CountChange() { ++selectionChanges; }
 
 ICGUIItem& ICGUIItem::operator=(const ICGUIItem& other) {
   name = other.name;

@@ -1,37 +1,12 @@
 // What loading, updating and delivering cost for each widget, text or command, at growing numbers of them.
 #include <benchmark/benchmark.h>
 
-#include "engine/camera.h"
+#include "bench/bench_host.h"
 #include "engine/msg_daemon.h"
-#include "engine/system.h"
 #include "tests/module/big_page.h"
 
 namespace qen::test {
 namespace {
-
-// A loaded module without the frame of a test.
-struct Host {
-  Host() : gui(module.Export<ActivateDllFunction>(kActivateDll)()) {
-    System::gui = gui;
-    engine.RecordCalls(false);
-  }
-  ~Host() {
-    module.Export<DeactivateDllFunction>(kDeactivateDll)();
-    System::gui = nullptr;
-  }
-  Host(const Host&) = delete;
-  Host& operator=(const Host&) = delete;
-
-  base::RecordingEngine engine;
-  Module module;
-  IGui* gui;
-};
-
-void ReportEach(benchmark::State& state) {
-  state.counters["each"] =
-      benchmark::Counter(static_cast<double>(state.range(0)) * static_cast<double>(state.iterations()),
-                         benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
 
 void LoadPage(benchmark::State& state) {
   Host host;

@@ -55,6 +55,30 @@ class QEN_API ICGUIText : public ICGUIObject {
   virtual void SetAlpha(std::uint32_t alpha) = 0;  // 0 to 255
 };
 
+// The 32 bits that say whether a list entry is selected. Assigning a new value to any of them is counted, so that a
+// list knows without looking through its entries that nobody has selected another one.
+class SelectedFlag {
+ public:
+  SelectedFlag() = default;
+  SelectedFlag(const SelectedFlag&) = default;
+  SelectedFlag& operator=(std::uint32_t value) {
+    if (value != value_) CountChange();
+    value_ = value;
+    return *this;
+  }
+  SelectedFlag& operator=(const SelectedFlag& other) { return *this = other.value_; }
+  operator std::uint32_t() const { return value_; }  // NOLINT(google-explicit-constructor): it is read as a number
+
+  QEN_API static std::uint64_t ChangeCount();  // of all flags; never 0
+
+ private:
+  QEN_API static void CountChange();
+
+  std::uint32_t value_ = 0;
+};
+
+static_assert(sizeof(SelectedFlag) == sizeof(std::uint32_t));
+
 class QEN_API ICGUIItem : public ICGUIObject {
  public:
   // Copies what a list entry shows: name, display text, text id, comment id. Not its selection, owner or commands.
@@ -64,7 +88,7 @@ class QEN_API ICGUIItem : public ICGUIObject {
   String displayText;  // shown while the text id is -1
   std::int32_t textId = -1;
   std::int32_t commentId = -1;
-  std::uint32_t selected = 0;
+  SelectedFlag selected;
   std::uint32_t userFlag = 0;  // for the game, like the next two
   std::array<String, 4> userTexts;
   std::array<std::uint32_t, 4> userNumbers{};

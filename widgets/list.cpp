@@ -26,7 +26,7 @@
 namespace qen {
 namespace {
 
-// Hits no list on purpose: only what the list measures of itself is wanted.
+// Of an update that is only made for what the list measures of itself.
 constexpr Ray kMeasuringRay{{-1.0F, -1.0F, -1.0F}, {0.0F, 1.0F, 0.0F}, 1.0F};
 
 constexpr std::int32_t kPlainRow = 0;
@@ -67,16 +67,16 @@ PickResult* CGUIList::Update(const Ray& ray) {
     slideBar_->wrap = maxSelect == 0 ? 1 : 0;
     result = slideBar_->Update(ray);
   }
-  if (result == nullptr && normalNode != nullptr && normalNode->mesh != nullptr) {
+  if (result == nullptr && HasBox()) {
     Measure();
     const LocalRay local = ToLocal(ray, *normalNode);
     const SlabHit hit = IntersectSlabs(normalNode->mesh->GetAABB(), local);
-    if (hit.hit && maxSelect <= 1) StepSelection();
-    UpdateRows(local, hit);
     if (hit.hit) {
       result_.hovered = this;
       result = &result_;
+      if (maxSelect <= 1) StepSelection();
     }
+    UpdateRows(local, hit);
   }
   hook_.Show(true);
   if (style_) style_->Update(ray);
@@ -86,11 +86,13 @@ PickResult* CGUIList::Update(const Ray& ray) {
   return result->clicked != nullptr || result->hovered != nullptr ? result : nullptr;
 }
 
+bool CGUIList::HasBox() const { return normalNode != nullptr && normalNode->mesh != nullptr; }
+
 // The rows that fit the box, and the range of the top row.
 void CGUIList::Measure() {
   const AABB& box = normalNode->mesh->GetAABB();
   listMatrix_.SetTranslation({box.center.x - box.halfSize.x, box.center.z + box.halfSize.z, 0.0F});
-  lineHeight_ = style_->LineHeight();
+  lineHeight_ = style_ ? style_->LineHeight() : 0.0F;
   boxWidth_ = 2.0F * box.halfSize.x;
   boxHeight_ = 2.0F * box.halfSize.z;
   const double wholeHeight = Truncate<std::uint32_t>(static_cast<double>(boxHeight_));
@@ -104,23 +106,28 @@ CGUIList::Selection CGUIList::FindSelection() const {
   Selection selection;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_[i]->selected == 0) continue;
-    if (selection.count++ == 0) {
-      selection.first = items_[i].get();
-      selection.firstIndex = i;
-    }
-    selection.last = items_[i].get();
+    if (selection.count++ == 0) selection.first = i;
+    selection.last = i;
   }
   return selection;
 }
 
-// The two step keys move a single selection round the list.
+// Looks through the entries only when one of them may have been changed, by the list or by the host.
+const CGUIList::Selection& CGUIList::CurrentSelection() {
+  const std::uint64_t changes = SelectedFlag::ChangeCount();
+  if (selectionSeen_ != changes) selection_ = FindSelection();
+  selectionSeen_ = changes;
+  return selection_;
+}
+
+// The two step keys move a single selection round the list. Selecting measures, which takes back this update's result.
 void CGUIList::StepSelection() {
   if (info->key != key_code::kUp && info->key != key_code::kDown) return;
-  const Selection selection = FindSelection();
-  if (selection.first == nullptr) return;
+  const Selection selection = CurrentSelection();
+  if (selection.count == 0) return;
   const std::size_t count = items_.size();
-  const std::size_t next = info->key == key_code::kUp ? selection.firstIndex + 1 : selection.firstIndex + count - 1;
-  Select(*selection.first, false);
+  const std::size_t next = selection.first + (info->key == key_code::kUp ? 1 : count - 1);
+  Select(*items_[selection.first], false);
   CGUIItem& item = *items_[next % count];
   SelectItem(&item);
   Select(item, true);
@@ -144,11 +151,12 @@ void CGUIList::UpdateRows(const LocalRay& ray, const SlabHit& hit) {
   for (std::size_t i = FirstShown(); i < EndShown(); ++i) {
     CGUIItem& item = *items_[i];
     if (item.info->disabled != 0) continue;
-    const float rowTop = top + static_cast<float>(i - FirstShown()) * lineHeight_;
-    const bool onMouse = inColumn && rowTop <= -point.z && -point.z <= rowTop + lineHeight_;
+    const auto row = static_cast<float>(i - FirstShown());
+    const bool onMouse =
+        inColumn && top + row * lineHeight_ <= -point.z && -point.z <= top + (row + 1.0F) * lineHeight_;
     if (!onMouse) {
       item.state = kPlainRow;
-      if (maxSelect == 0 && i == FirstShown()) FollowTopRow(item);
+      if (maxSelect == 0 && i == FirstShown()) FollowTopRow(i);
       continue;
     }
     if (clicked) ClickItem(item);
@@ -160,19 +168,23 @@ void CGUIList::UpdateRows(const LocalRay& ray, const SlabHit& hit) {
 void CGUIList::ClickItem(CGUIItem& item) {
   item.state = kPlainRow;
   if (maxSelect > 1) {
-    const bool selects = item.selected == 0 && FindSelection().count < maxSelect;
+    const bool selects = item.selected == 0 && CurrentSelection().count < maxSelect;
     item.selected = selects ? 1 : 0;
   } else if (maxSelect == 1 && item.selected == 0) {
-    if (CGUIItem* last = FindSelection().last) Select(*last, false);
+    const Selection before = CurrentSelection();
+    if (before.count > 0) Select(*items_[before.last], false);
     Select(item, true);
   }
 }
 
-void CGUIList::FollowTopRow(CGUIItem& item) {
-  CGUIItem* last = FindSelection().last;
-  if (last == &item) return;
-  if (last != nullptr) Select(*last, false);
-  Select(item, true);
+void CGUIList::FollowTopRow(std::size_t top) {
+  const Selection before = CurrentSelection();
+  if (before.count > 0 && before.last == top) return;
+  if (before.count > 0) Select(*items_[before.last], false);
+  Select(*items_[top], true);
+  if (before.count > 1) return;
+  selection_ = {1, top, top};
+  selectionSeen_ = SelectedFlag::ChangeCount();
 }
 
 void CGUIList::Select(CGUIItem& item, bool selected) {
@@ -209,17 +221,16 @@ void CGUIList::DrawRow(Drawing& drawing, const CGUIItem& item, const Matrix4x4& 
 
   const std::uint32_t format = DT_SINGLELINE | (style_->GetCentered() != 0 ? DT_CENTER : 0U);
   const String& words = item.textId == -1 ? item.displayText : Words(item.textId);
-  if (style_->GetShadowOffset() != 0.0F) {
-    const float offset = style_->GetShadowOffset() * 0.1F;
-    Matrix4x4 behind = matrix;
-    behind.SetTranslation(matrix.GetTranslation() + Vec3{offset, -offset, offset});
-    drawing.DrawText3D(behind, boxWidth_, height, format, Color(Color::ABGRToARGB(shadow | kOpaque)), words.c_str());
+  if (style_->HasShadow()) {
+    drawing.DrawText3D(style_->ShadowMatrix(matrix), boxWidth_, height, format,
+                       Color(Color::ABGRToARGB(shadow | kOpaque)), words.c_str());
   }
   drawing.DrawText3D(matrix, boxWidth_, height, format, Color(Color::ABGRToARGB(color | kOpaque)), words.c_str());
 }
 
 void CGUIList::Release() {
   items_.clear();
+  ForgetSelection();
   if (style_) style_->Release();
   style_.reset();
   text = nullptr;
@@ -236,6 +247,7 @@ void CGUIList::ShowNodes(std::uint32_t shown) {
 void CGUIList::Clear() {
   if (info != nullptr) info->position = 0;
   items_.clear();
+  ForgetSelection();
 }
 
 void CGUIList::SelectItem(ICGUIItem* item) {
@@ -245,15 +257,14 @@ void CGUIList::SelectItem(ICGUIItem* item) {
   Update(kMeasuringRay);
   info->key = key;
   info->mouseState = mouse;
+  if (HasBox()) Measure();  // a hidden list's update does not, nor one whose slide bar is in the ray's way
 
   for (std::size_t i = 0; i < items_.size(); ++i) {
     CGUIItem& candidate = *items_[i];
     candidate.selected = &candidate == item && candidate.info->disabled == 0 ? 1 : 0;
     if (candidate.selected == 0) continue;
-    info->position = static_cast<std::int32_t>(i);
-    if (rows_ <= 1) continue;
     const auto lastTop = static_cast<std::int32_t>(items_.size()) - rows_;
-    info->position = std::max(std::min(info->position, lastTop), 0);
+    info->position = std::max(std::min(static_cast<std::int32_t>(i), lastTop), 0);
   }
 }
 
@@ -283,11 +294,13 @@ ICGUIItem* CGUIList::AddItemCopy(const ICGUIItem* source) {
 void CGUIList::RemoveItem(ICGUIItem* item) {
   const auto found =
       std::find_if(items_.begin(), items_.end(), [item](const auto& candidate) { return candidate.get() == item; });
-  if (found != items_.end()) items_.erase(found);
+  if (found != items_.end()) RemoveItemAt(static_cast<std::uint32_t>(found - items_.begin()));
 }
 
 void CGUIList::RemoveItemAt(std::uint32_t index) {
-  if (index < items_.size()) items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));
+  if (index >= items_.size()) return;
+  items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));
+  ForgetSelection();
 }
 
 ICGUIItem* CGUIList::GetItem(std::uint32_t index) { return index < items_.size() ? items_[index].get() : nullptr; }

@@ -49,17 +49,19 @@ class CGUIList : public ICGUIList {
  private:
   struct Selection {
     std::int64_t count = 0;
-    CGUIItem* first = nullptr;
-    CGUIItem* last = nullptr;  // in list order
-    std::size_t firstIndex = 0;
+    std::size_t first = 0;  // positions; without meaning when the count is 0
+    std::size_t last = 0;
   };
 
+  [[nodiscard]] bool HasBox() const;
   void Measure();
   [[nodiscard]] Selection FindSelection() const;
+  const Selection& CurrentSelection();
+  void ForgetSelection() { selectionSeen_ = 0; }
   void StepSelection();
   void UpdateRows(const LocalRay& ray, const SlabHit& hit);
   void ClickItem(CGUIItem& item);
-  void FollowTopRow(CGUIItem& item);
+  void FollowTopRow(std::size_t top);
   void Select(CGUIItem& item, bool selected);
   [[nodiscard]] std::size_t FirstShown() const;
   [[nodiscard]] std::size_t EndShown() const;
@@ -69,6 +71,8 @@ class CGUIList : public ICGUIList {
   const IChildNodes& nodes_;
   NodeHook hook_;
   std::vector<std::unique_ptr<CGUIItem>> items_;
+  Selection selection_;              // as it was found
+  std::uint64_t selectionSeen_ = 0;  // when the count of changes was this; 0: not found yet
   std::unique_ptr<CGUISlideBar> slideBar_;
   std::unique_ptr<CGUIText> style_;
   std::int32_t rows_ = 0;  // how many fit the box

@@ -7,6 +7,7 @@
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
+#include "engine/scene_node.h"
 #include "engine/widget_state.h"
 #include "widgets/bind_child.h"
 #include "widgets/button.h"
@@ -52,10 +53,9 @@ PickResult* CGUISlideBar::Update(const Ray& ray) {
   }
   PickResult* result = slider_ ? slider_->Update(ray) : nullptr;
   const float halfSlider = HalfSlider();
-  const bool barHovered = UpdateBar(ray);
-  if (barHovered) result = &result_;
+  if (UpdateBar(ray)) result = &result_;
   SetPosition(info->position);
-  if (!barHovered && result == nullptr) result = UpdateStepButtons(ray);
+  if (result == nullptr) result = UpdateStepButtons(ray);
   PlaceSlider(halfSlider);
   state = info->disabled == 0 && result != nullptr ? widget_state::kOnMouse : widget_state::kNormal;
   return Report(result);
@@ -75,7 +75,7 @@ bool CGUISlideBar::UpdateBar(const Ray& ray) {
   bar_->Update(ray);
   const LocalRay local = ToLocal(ray, *bar_->normalNode);
   const SlabHit hit = IntersectSlabs(barBox_, local);
-  if (!hit.hit || info->disabled != 0) return false;
+  if (!hit.hit || info->disabled != 0 || bar_->normalNode->mesh == nullptr) return false;
   result_.hovered = this;
   TakeKey();
   if (info->mouseState == mouse_state::kHeld) {

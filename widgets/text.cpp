@@ -1,5 +1,7 @@
 #include "widgets/text.h"
 
+#include <cmath>
+
 #include "engine/drawing.h"
 #include "engine/font.h"
 #include "engine/gui.h"
@@ -26,6 +28,13 @@ constexpr double kMeasuresPerUnit = 38.0;  // GetTextRect of 3D text
 
 bool IsLowSurrogate(Char c) { return (c & 0xFC00U) == 0xDC00U; }
 bool IsHighSurrogate(Char c) { return (c & 0xFC00U) == 0xD800U; }
+
+// A character of two units comes as two keys: there must be room for both, and neither is taken without the other.
+bool Takes(const String& text, Char key, std::int32_t maxChars) {
+  const std::size_t room = maxChars > 0 ? static_cast<std::size_t>(maxChars) : 0;
+  if (IsLowSurrogate(key) && (text.empty() || !IsHighSurrogate(text.back()))) return false;
+  return text.size() + (IsHighSurrogate(key) ? 2 : 1) <= room;
+}
 
 void RemoveLastCharacter(String& text) {
   if (text.empty()) return;
@@ -93,8 +102,9 @@ void CGUIText::DestroyFont() {
 
 PickResult* CGUIText::Update(const Ray& ray) {
   if (normalNode == nullptr) return nullptr;
-  ShowNodes(0);
+  hook_.Show(false);
   if (info->visible == 0) {
+    ShowNodes(0);
     state = widget_state::kHidden;
     return nullptr;
   }
@@ -120,7 +130,7 @@ void CGUIText::TakeKey() {
       state = widget_state::kHidden;
       break;
     default:
-      if (maxChars_ > 0 && editText_.size() < static_cast<std::size_t>(maxChars_)) editText_ += info->key;
+      if (Takes(editText_, info->key, maxChars_)) editText_ += info->key;
   }
 }
 
@@ -158,14 +168,21 @@ const String& CGUIText::ShownText() {
 void CGUIText::DrawWords(Drawing& drawing, const Matrix4x4& matrix, const Rect& area, std::uint32_t format,
                          const String& words) const {
   const bool onMouse = state == widget_state::kOnMouse;
-  if (shadowOffset_ != 0.0F) {
-    const float offset = shadowOffset_ * 0.1F;
-    Matrix4x4 shadow = matrix;
-    shadow.SetTranslation(matrix.GetTranslation() + Vec3{offset, -offset, offset});
-    drawing.DrawText3D(shadow, area, format, Opaque(colors_[onMouse ? kShadowOnMouse : kShadow]), words.c_str());
+  if (HasShadow()) {
+    drawing.DrawText3D(ShadowMatrix(matrix), area, format, Opaque(colors_[onMouse ? kShadowOnMouse : kShadow]),
+                       words.c_str());
   }
   const std::uint32_t color = colors_[onMouse ? kOnMouse : info->disabled != 0 ? kDisabled : kNormal];
   drawing.DrawText3D(matrix, area, format, Opaque(color), words.c_str());
+}
+
+bool CGUIText::HasShadow() const { return shadowOffset_ != 0.0F && std::isfinite(shadowOffset_); }
+
+Matrix4x4 CGUIText::ShadowMatrix(const Matrix4x4& words) const {
+  const float offset = shadowOffset_ * 0.1F;
+  Matrix4x4 shadow = words;
+  shadow.SetTranslation(words.GetTranslation() + Vec3{offset, -offset, offset});
+  return shadow;
 }
 
 Color CGUIText::Opaque(std::uint32_t abgr) const { return Color(Color::ABGRToARGB(alpha_ | abgr)); }

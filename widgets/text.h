@@ -50,6 +50,10 @@ class CGUIText : public ICGUIText {
   // Height of a line in world units; 0 without a font.
   [[nodiscard]] float LineHeight() const;
 
+  [[nodiscard]] bool HasShadow() const;
+  // Where the shadow of words on that matrix lies.
+  [[nodiscard]] Matrix4x4 ShadowMatrix(const Matrix4x4& words) const;
+
  private:
   void BindLayoutBox();
   void DestroyFont();

@@ -1,6 +1,8 @@
 #include "base/recording/fake_fonts.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace qen::base {
 namespace {
@@ -16,7 +18,7 @@ class FakeFace final : public IFontFace {
   FakeFace& operator=(const FakeFace&) = delete;
 
   [[nodiscard]] TextMetric Metric() const override {
-    const std::int32_t ascent = height_ * 4 / 5;
+    const auto ascent = static_cast<std::int32_t>(std::int64_t{height_} * 4 / 5);
     return {height_, ascent, height_ - ascent};
   }
 
@@ -56,7 +58,9 @@ class FakeFace final : public IFontFace {
 std::unique_ptr<IFontFace> FakeFonts::CreateFace(const FontRequest& request) {
   constexpr std::int32_t kDefaultHeight = 16;
   if (missing.contains(request.face)) return nullptr;
-  return std::make_unique<FakeFace>(*this, request.height == 0 ? kDefaultHeight : std::abs(request.height));
+  if (request.height == 0) return std::make_unique<FakeFace>(*this, kDefaultHeight);
+  constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+  return std::make_unique<FakeFace>(*this, std::abs(std::max(request.height, -kHighest)));
 }
 
 }  // namespace qen::base

@@ -104,9 +104,11 @@ base::Point GuiTest::ProjectMiddle(ICGUIObject& widget) const {
   AABB box;
   widget.GetMatrix(world);
   widget.GetAABB(box);
-  const Vec3 middle = world * box.center;
-  const Vec4 seen =
-      Vec4{middle.x, middle.y, middle.z, 1.0F} * (engine.camera.GetView() * engine.camera.GetProjection());
+  return Project(world * box.center);
+}
+
+base::Point GuiTest::Project(const Vec3& place) const {
+  const Vec4 seen = Vec4{place.x, place.y, place.z, 1.0F} * (engine.camera.GetView() * engine.camera.GetProjection());
   const auto width = static_cast<float>(engine.window.size.x);
   const auto height = static_cast<float>(engine.window.size.y);
   return {static_cast<std::int32_t>(std::lround((seen.x / seen.w + 1.0F) * 0.5F * width)),
@@ -117,11 +119,19 @@ void GuiTest::Hover(ICGUIObject& widget) { MoveTo(ProjectMiddle(widget)); }
 
 void GuiTest::Click(ICGUIObject& widget) {
   Hover(widget);
+  ClickHere();
+}
+
+void GuiTest::ClickHere() {
   Frame();
   Press();
   Frame();
   ReleaseButton();
   Frame();
+}
+
+void GuiTest::Type(StringView keys) {
+  for (const Char key : keys) Send(message::kKey, key);
 }
 
 void GuiTest::DrawPages() {

@@ -92,7 +92,11 @@ class GuiTest : public ::testing::Test {
   // Moves the cursor onto the middle of the widget's box.
   void Hover(ICGUIObject& widget);
   base::Point ProjectMiddle(ICGUIObject& widget) const;
+  void Aim(const Vec3& place) { MoveTo(Project(place)); }
+  base::Point Project(const Vec3& place) const;  // from the world to client pixels
   void Click(ICGUIObject& widget);
+  void ClickHere();
+  void Type(StringView keys);  // one key message a character
 
   ICGUIObject* Find(const String& name, std::uint32_t page = 0) const { return gui->FindObject(page, name.c_str()); }
   // Whether the node is drawn by the last frame of `DrawPages`.

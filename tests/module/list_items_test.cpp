@@ -1,0 +1,181 @@
+// The entries of a list as a host handles them, at any time.
+#include "tests/module/list_fixture.h"
+
+namespace qen::test {
+namespace {
+
+using Indices = std::vector<std::uint32_t>;
+
+class ListItems : public ListTest {
+ protected:
+  String Names() {
+    String names;
+    for (std::uint32_t i = 0; i < list->GetItemCount(); ++i) names += Item(i).displayText + u" ";
+    return names;
+  }
+};
+
+TEST_F(ListItems, StartAsNewItems) {
+  Open();
+  const ICGUIItem& item = *list->AddItem();
+  EXPECT_EQ(item.name, u"NewItem");
+  EXPECT_EQ(item.displayText, u"NewItem");
+  EXPECT_EQ(item.textId, -1);
+  EXPECT_EQ(item.commentId, -1);
+  EXPECT_EQ(item.selected, 0U);
+  EXPECT_EQ(item.owner, list);
+  ASSERT_NE(item.info, nullptr);
+  EXPECT_EQ(item.info->type, widget_type::kItem);
+  EXPECT_EQ(item.info->tooltip, -1);
+  EXPECT_EQ(item.info->visible, 0U);
+}
+
+TEST_F(ListItems, AreCopiedWithWhatTheyShow) {
+  Open();
+  Fill(2);
+  Item(1).name = u"sword";
+  Item(1).textId = 5;
+  Item(1).commentId = 6;
+  Item(1).selected = 1;
+  Item(1).info->tooltip = 9;
+  Item(1).info->disabled = 1;
+  const ICGUIItem* copy = list->AddItemCopy(list->GetItem(1));
+  ASSERT_EQ(list->GetItem(2), copy);
+  EXPECT_EQ(copy->name, u"sword");
+  EXPECT_EQ(copy->displayText, u"1");
+  EXPECT_EQ(copy->textId, 5);
+  EXPECT_EQ(copy->commentId, 6);
+  EXPECT_EQ(copy->owner, list);
+  EXPECT_EQ(copy->selected, 0U) << "the rest is as in a new one";
+  EXPECT_EQ(copy->info->tooltip, -1);
+  EXPECT_EQ(copy->info->disabled, 0U);
+  EXPECT_TRUE(copy->info->messages.empty());
+  EXPECT_EQ(list->AddItemCopy(nullptr), nullptr);
+  EXPECT_EQ(list->GetItemCount(), 3U);
+}
+
+TEST_F(ListItems, AreRemovedInOrder) {
+  Open();
+  Fill(6);
+  ICGUIList* own = list;
+  Open();
+  ICGUIItem* foreign = list->AddItem();
+  list = own;
+  list->RemoveItem(foreign);
+  list->RemoveItem(nullptr);
+  list->RemoveItemAt(6);
+  list->RemoveItemAt(0xFFFFFFFF);
+  EXPECT_EQ(Names(), u"0 1 2 3 4 5 ");
+  list->RemoveItem(list->GetItem(2));
+  list->RemoveItemAt(4);
+  list->RemoveItemAt(0);
+  EXPECT_EQ(Names(), u"1 3 4 ");
+  EXPECT_EQ(list->GetItem(3), nullptr);
+  EXPECT_EQ(list->GetItem(0xFFFFFFFF), nullptr);
+  list->info->position = 2;
+  list->RemoveItemAt(2);
+  EXPECT_EQ(list->info->position, 2) << "only clearing scrolls back";
+  list->Clear();
+  list->Clear();
+  EXPECT_EQ(list->info->position, 0);
+  EXPECT_EQ(list->GetItemCount(), 0U);
+  EXPECT_EQ(list->GetItem(0), nullptr);
+  EXPECT_EQ(Selected(), Indices{});
+}
+
+TEST_F(ListItems, StandAnythingBeforeTheFirstFrame) {
+  Open();
+  list->SelectItem(nullptr);
+  list->Clear();
+  list->Render(Matrix4x4::Identity, {});
+  Fill(3);
+  list->RemoveItemAt(1);
+  list->SelectItem(&Item(1));
+  list->SelectItem(nullptr);
+  EXPECT_EQ(Selected(), Indices{});
+  list->ShowNodes(1);
+  DrawPages();
+  EXPECT_EQ(list->GetItemCount(), 2U);
+}
+
+TEST_F(ListItems, StandAnythingWhileHiddenOrReleased) {
+  Open();
+  Fill(50);
+  gui->GetActivePages().clear();
+  gui->GetRenderPages().clear();
+  list->SelectItem(&Item(49));
+  EXPECT_EQ(list->info->position, 40) << "a page that is not shown measures as well";
+  list->SetVisible(0);
+  list->SelectItem(&Item(48));
+  list->SelectItem(&Item(48));
+  EXPECT_EQ(Selected(), Indices{48});
+  list->info->position = list->info->max = 0;
+  list->SelectItem(&Item(30));
+  EXPECT_EQ(list->info->position, 30) << "a hidden one too";
+  EXPECT_EQ(list->info->max, 40);
+  ShowOnly(0);
+  Frame();
+  list->RemoveItemAt(48);
+  list->SetVisible(1);
+  Frame();
+  EXPECT_EQ(list->info->max, 39);
+  list->Release();
+  list->Release();
+  Frame();
+  DrawPages();
+  list->AddItem();
+  list->SelectItem(list->GetItem(0));
+  EXPECT_EQ(Selected(), Indices{0});
+}
+
+TEST_F(ListItems, KeepPositionsOutOfTheRangeFromTheScreen) {
+  Open();
+  Fill(20);
+  for (const std::int32_t position : {-1, INT32_MIN, 11, INT32_MAX}) {
+    list->info->position = position;
+    engine.calls.clear();
+    list->Render(Matrix4x4::Identity, {});
+    Aim(RowPlace(0));
+    ClickHere();
+    EXPECT_GE(list->info->position, 0);
+    EXPECT_LE(list->info->position, 10);
+  }
+  list->text->GetFontDesc().lfHeight = INT32_MAX;
+  list->text->RecreateFont();
+  ClickRow(1);
+  DrawPages();
+  EXPECT_EQ(list->info->max, 20) << "no row fits";
+  engine.fonts.missing.insert(u"Courier");
+  list->text->GetFontDesc().lfHeight = 7;
+  list->text->RecreateFont();
+  ClickRow(1);
+  engine.calls.clear();
+  DrawPages();
+  EXPECT_EQ(list->info->max, 20);
+  EXPECT_TRUE(engine.CallsOf("Drawing::BeginText3D").empty()) << "nothing is drawn without a font";
+}
+
+TEST_F(ListItems, AreKeptWithoutTheNodesOfAList) {
+  for (const bool box : {false, true}) {
+    base::SceneData scene;
+    const std::int32_t node = base::AddNode(scene, u"~lbare");
+    if (box) base::AddBox(scene, u"list", node, {}, {30, 15, 1});
+    if (!box) AddSlideBar(scene, u"slidery", node, {}, false);
+    engine.AddScene(u"bare.glb", std::move(scene));
+    AddText(u"bare.txt", u"name bare.glb");
+    OpenPage(u"bare.txt");
+    const std::uint32_t page = gui->GetPageCount() - 1;
+    ShowOnly(page);
+    list = dynamic_cast<ICGUIList*>(Find(u"~lbare", page));
+    Fill(30);
+    list->info->position = 3;
+    ClickRow(2);
+    EXPECT_EQ(Selected(), box ? Indices{5} : Indices{});
+    list->SelectItem(&Item(29));
+    EXPECT_EQ(list->info->position, box ? 20 : 29);
+    DrawPages();
+  }
+}
+
+}  // namespace
+}  // namespace qen::test

@@ -1,0 +1,109 @@
+// Texts that scroll through a slide bar.
+#include "tests/module/text_fixture.h"
+
+namespace qen::test {
+namespace {
+
+class TextScroll : public TextTest {
+ protected:
+  // Lines of one letter each.
+  void SetLines(std::size_t count) {
+    String lines;
+    for (std::size_t i = 0; i < count; ++i) lines += u"x\n";
+    lines.pop_back();
+    text->SetText(lines.c_str());
+  }
+};
+
+// A line is 2.94 high, the box 20.
+TEST_F(TextScroll, MeasuresHowFarItGoes) {
+  OpenScrolling();
+  struct Row {
+    std::size_t lines;
+    std::int32_t max;
+  };
+  for (const Row& row : {Row{20, 13}, {7, 0}, {8, 1}, {1, -5}, {1000, 286}}) {
+    SetLines(row.lines);
+    Drawn();
+    EXPECT_EQ(text->info->min, 0);
+    EXPECT_EQ(text->info->max, row.max) << row.lines;
+  }
+  const base::Call measured = engine.CallsOf("Drawing::GetTextRect").back();
+  EXPECT_EQ(std::get<std::string>(measured.arguments[0]), "0 0 40 0");
+  EXPECT_EQ(std::get<std::int64_t>(measured.arguments[1]), 0x50);
+  std::vector<std::string> names;
+  for (const base::Call& call : engine.calls) {
+    if (call.name.starts_with("Drawing::")) names.push_back(call.name.substr(9));
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"BeginText3D", "SetFont", "DrawText3D", "GetTextRect", "EndText"}));
+}
+
+TEST_F(TextScroll, MovesTheTextAndItsWindow) {
+  OpenScrolling();
+  SetLines(20);
+  EXPECT_EQ(Drawn().substr(0, 32), "-20 7.06 0 | 0 0 40 20 | 50 ffff");
+  text->info->position = 1;
+  EXPECT_EQ(Drawn().substr(0, 28), "-20 10 0 | 0 2 40 22 | 50 ff");
+  text->info->position = 500;
+  EXPECT_EQ(Drawn().substr(0, 32), "-20 45.28 0 | 0 38 40 58 | 50 ff") << "the last position";
+  SetLines(2);
+  Drawn();
+  Drawn();
+  EXPECT_EQ(text->info->position, -4) << "what fits goes to the end of its box";
+  EXPECT_EQ(Drawn().substr(0, 32), "-20 -4.7 0 | 0 -11 40 9 | 50 fff");
+}
+
+TEST_F(TextScroll, IsMovedByItsSlideBar) {
+  OpenScrolling();
+  SetLines(20);
+  Drawn();
+  Aim({30, 0, -1});
+  Type(u"((");  // the wheel, twice
+  EXPECT_EQ(text->info->position, 2);
+  Aim({30, -36, -1});
+  ClickHere();
+  EXPECT_EQ(text->info->position, 3);
+  Aim({30, -29, -1});
+  Press();
+  Frame();
+  EXPECT_EQ(text->info->position, 13);
+}
+
+TEST_F(TextScroll, KeepsTheButtonsInSightWhileTheBarIsUsed) {
+  OpenScrolling();
+  Frame();
+  for (const Vec3& place : {Vec3{30, 0, -1}, Vec3{30, 30, -1}, Vec3{30, 36, -1}}) {
+    Aim(place);
+    Frame();
+    for (const StringView part : {u"bary", u"slider", u"down", u"up"}) {
+      EXPECT_TRUE(IsDrawn(u"normal_" + String(part) + u"slidery_text")) << Narrow(part) << place.y;
+    }
+  }
+  text->SetVisible(0);
+  Frame();
+  for (const StringView part : {u"bary", u"slider", u"down", u"up"}) {
+    EXPECT_FALSE(IsDrawn(u"normal_" + String(part) + u"slidery_text")) << Narrow(part);
+  }
+}
+
+TEST_F(TextScroll, StandsAnyPositionAndFont) {
+  OpenScrolling(u"min -2147483648 max 2147483647 position 2147483647");
+  for (const std::int32_t height : {-21, 0, 1, INT32_MAX, INT32_MIN}) {
+    text->GetFontDesc().lfHeight = height;
+    text->RecreateFont();
+    SetLines(100);
+    for (const std::int32_t position : {0, INT32_MAX, INT32_MIN, -1}) {
+      text->info->position = position;
+      text->Render(Matrix4x4::Identity, {});
+      Aim({30, -36, -1});
+      ClickHere();
+      Drawn();
+      Frame();
+      EXPECT_EQ(text->info->min, 0);
+      EXPECT_LE(text->info->position, std::max(text->info->max, 0)) << height;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace qen::test
