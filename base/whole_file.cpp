@@ -59,11 +59,13 @@ bool MayBeReplaced(const fs::path& file, const fs::file_status& status) {
          OpenFile(file, "r+b") != nullptr;
 }
 
-// What a link leads to, so that the link stays one.
+// What a link leads to, also when that is not there yet, so that the link stays one.
 fs::path BehindLinks(const fs::path& path) {
   std::error_code error;
   fs::path real = fs::canonical(path, error);
-  return error ? path : real;
+  if (!error) return real;
+  const fs::path link = fs::read_symlink(path, error);
+  return error ? path : path.parent_path() / link;
 }
 
 }  // namespace
