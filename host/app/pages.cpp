@@ -1,6 +1,8 @@
 #include "host/app/pages.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
@@ -24,12 +26,13 @@ std::optional<std::uint32_t> FindPageByName(IGui& gui, StringView name) {
   return std::nullopt;
 }
 
-std::string ListPageNames(IGui& gui) {
-  std::string list;
+std::uint32_t PageByName(IGui& gui, StringView name) {
+  if (const auto page = FindPageByName(gui, name)) return *page;
+  std::string known;
   for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
-    list += (list.empty() ? "" : ", ") + base::ToUtf8(ShortName(gui.GetPageName(page)));
+    known += (known.empty() ? "" : ", ") + base::ToUtf8(ShortName(gui.GetPageName(page)));
   }
-  return list;
+  throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + known);
 }
 
 ICGUIAnim* FindPlayingAnim(IGui& gui) {

@@ -17,7 +17,8 @@ String ShortName(StringView pageName);
 // The page of that name, exact or as people write it; nothing when there is none.
 std::optional<std::uint32_t> FindPageByName(IGui& gui, StringView name);
 
-std::string ListPageNames(IGui& gui);  // for messages, in UTF-8
+// The same. Throws std::runtime_error, with the names there are, when there is none.
+std::uint32_t PageByName(IGui& gui, StringView name);
 
 // The animation that keeps any of the pages busy; null when none is playing.
 ICGUIAnim* FindPlayingAnim(IGui& gui);

@@ -84,9 +84,7 @@ void Stage::ChooseLanguage(StringView name) const {
 
 void Stage::ShowFirstPage(StringView name) const {
   if (Gui().GetPageCount() == 0) throw std::runtime_error(base::ToUtf8(data_.description) + " names no pages");
-  const auto page = name.empty() ? std::optional(0U) : FindPageByName(Gui(), name);
-  if (!page) throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + ListPageNames(Gui()));
-  Gui().SetPage(*page);
+  Gui().SetPage(name.empty() ? 0 : PageByName(Gui(), name));
 }
 
 void Stage::Send(std::uint32_t id, std::uint32_t first, std::uintptr_t second) {
