@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #if defined(_WIN32)
 #include <io.h>
@@ -78,7 +79,7 @@ OpenedFile OpenFile(const fs::path& path, const char* mode) {
 #endif
 }
 
-WholeFile::WholeFile(const fs::path& target, const fs::path& like) : target_(BehindLinks(target)), like_(like) {
+WholeFile::WholeFile(const fs::path& target, fs::path like) : target_(BehindLinks(target)), like_(std::move(like)) {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
   if (fs::exists(status)) {

@@ -20,7 +20,7 @@ class WholeFile {
  public:
   // Nothing can be written when the target is read-only or no file. What is there keeps its permissions; a new file
   // gets those of the file `like`, when one is given.
-  explicit WholeFile(const std::filesystem::path& target, const std::filesystem::path& like = {});
+  explicit WholeFile(const std::filesystem::path& target, std::filesystem::path like = {});
   ~WholeFile();
   WholeFile(const WholeFile&) = delete;
   WholeFile& operator=(const WholeFile&) = delete;

@@ -89,6 +89,7 @@ class BagTest : public GuiTest {
     std::vector<base::DrawItem> items = engine.render.frame.items;
     std::ranges::stable_sort(items, {}, [](const base::DrawItem& item) { return item.world.m[3][0]; });
     std::vector<Seen> seen;
+    seen.reserve(items.size());
     for (const base::DrawItem& item : items) {
       seen.push_back({engine.render.frame.vertices.at(item.firstVertex).argb, item.texture});
     }
@@ -98,8 +99,9 @@ class BagTest : public GuiTest {
   // The colours after an update.
   std::vector<std::uint32_t> ColorsOf(ICGUIPageObject& bag) {
     bag.Pick(nullptr, 0, 0, 0, 0, 0);
-    std::vector<std::uint32_t> colors;
-    for (const Seen& slot : DrawSlots()) colors.push_back(slot.argb & 0xFFFFFFU);
+    const std::vector<Seen> seen = DrawSlots();
+    std::vector<std::uint32_t> colors(seen.size());
+    std::ranges::transform(seen, colors.begin(), [](const Seen& slot) { return slot.argb & 0xFFFFFFU; });
     return colors;
   }
 };

@@ -24,8 +24,9 @@ bool IsStruck() {
   return true;
 }
 
+// The system's own function of that name and kind.
 template <class Function>
-Function* System(const char* name) {
+Function* System(Function*, const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
@@ -43,51 +44,51 @@ std::size_t CountedFileCalls() {
   return count;
 }
 
-}  // namespace qen::test
+// The dynamic linker gives the program's functions to every library instead of the system's of the same names.
+#define REPLACES(name) __asm__(name) __attribute__((visibility("default")))
 
-using qen::test::IsStruck;
-using qen::test::System;
+std::FILE* Open(const char* file, const char* mode) REPLACES("fopen");
+std::size_t Read(void* bytes, std::size_t size, std::size_t number, std::FILE* file) REPLACES("fread");
+std::size_t Write(const void* bytes, std::size_t size, std::size_t number, std::FILE* file) REPLACES("fwrite");
+int Flush(std::FILE* file) REPLACES("fflush");
+int Close(std::FILE* file) REPLACES("fclose");
+int Sync(int file) REPLACES("fsync");
+int Move(const char* from, const char* to) REPLACES("rename");
+int MakeFolder(const char* folder, mode_t mode) REPLACES("mkdir");
+int SetMode(int folder, const char* file, mode_t mode, int flags) REPLACES("fchmodat");
 
-// The dynamic linker gives the program's functions to every library instead of the system's.
-#define REPLACED extern "C" __attribute__((visibility("default")))
-
-REPLACED std::FILE* fopen(const char* file, const char* mode) {
-  return IsStruck() ? nullptr : System<std::FILE*(const char*, const char*)>("fopen")(file, mode);
-}
-
-REPLACED std::size_t fwrite(const void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
-  const std::size_t written = IsStruck() ? number / 2 : number;
-  return System<std::size_t(const void*, std::size_t, std::size_t, std::FILE*)>("fwrite")(bytes, size, written, file);
-}
+std::FILE* Open(const char* file, const char* mode) { return IsStruck() ? nullptr : System(Open, "fopen")(file, mode); }
 
 // Reading a folder fails, and the file knows it then.
-REPLACED std::size_t fread(void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
+std::size_t Read(void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
   if (IsStruck()) {
     const int folder = ::open("/", O_RDONLY);
     ::dup2(folder, ::fileno(file));
     ::close(folder);
   }
-  return System<std::size_t(void*, std::size_t, std::size_t, std::FILE*)>("fread")(bytes, size, number, file);
+  return System(Read, "fread")(bytes, size, number, file);
 }
 
-REPLACED int fflush(std::FILE* file) { return IsStruck() ? EOF : System<int(std::FILE*)>("fflush")(file); }
+std::size_t Write(const void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
+  return System(Write, "fwrite")(bytes, size, IsStruck() ? number / 2 : number, file);
+}
 
-REPLACED int fclose(std::FILE* file) {
+int Flush(std::FILE* file) { return IsStruck() ? EOF : System(Flush, "fflush")(file); }
+
+int Close(std::FILE* file) {
   const bool struck = IsStruck();
-  const int result = System<int(std::FILE*)>("fclose")(file);
+  const int result = System(Close, "fclose")(file);
   return struck ? EOF : result;
 }
 
-REPLACED int fsync(int file) { return IsStruck() ? -1 : System<int(int)>("fsync")(file); }
+int Sync(int file) { return IsStruck() ? -1 : System(Sync, "fsync")(file); }
 
-REPLACED int rename(const char* from, const char* to) noexcept {
-  return IsStruck() ? -1 : System<int(const char*, const char*)>("rename")(from, to);
+int Move(const char* from, const char* to) { return IsStruck() ? -1 : System(Move, "rename")(from, to); }
+
+int MakeFolder(const char* folder, mode_t mode) { return IsStruck() ? -1 : System(MakeFolder, "mkdir")(folder, mode); }
+
+int SetMode(int folder, const char* file, mode_t mode, int flags) {
+  return IsStruck() ? -1 : System(SetMode, "fchmodat")(folder, file, mode, flags);
 }
 
-REPLACED int mkdir(const char* folder, mode_t mode) noexcept {
-  return IsStruck() ? -1 : System<int(const char*, mode_t)>("mkdir")(folder, mode);
-}
-
-REPLACED int fchmodat(int folder, const char* file, mode_t mode, int flags) noexcept {
-  return IsStruck() ? -1 : System<int(int, const char*, mode_t, int)>("fchmodat")(folder, file, mode, flags);
-}
+}  // namespace qen::test

@@ -163,7 +163,7 @@ TEST_P(SaveFaults, AProcessKilledAtAnyCallLosesNothing) {
 
 TEST_P(SaveFaults, AProcessKilledAtAnyMomentLosesNothing) {
   LearnContents();
-  std::mt19937 random(1);
+  std::mt19937 random(static_cast<std::uint32_t>(::testing::UnitTest::GetInstance()->random_seed()));
   std::size_t changed = 0;
   for (int i = 0; i < 40; ++i) {
     BeginAnew();
