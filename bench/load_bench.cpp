@@ -4,6 +4,7 @@
 #include "engine/camera.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
+#include "tests/module/bag_fixture.h"
 #include "tests/module/big_page.h"
 
 namespace qen::test {
@@ -59,6 +60,31 @@ void UpdatePage(benchmark::State& state) {
   ReportEach(state);
 }
 
+void LoadBag(benchmark::State& state) {
+  Host host;
+  const auto slots = static_cast<std::size_t>(state.range(0));
+  AddBag(host.engine, u"bag", slots, ActiveSlots(slots));
+  for (auto _ : state) {
+    host.gui->AddBagPage(u"bag.txt", nullptr);
+    state.PauseTiming();
+    host.gui->Release();
+    state.ResumeTiming();
+  }
+  ReportEach(state);
+}
+
+void UpdateBag(benchmark::State& state) {
+  Host host;
+  const auto slots = static_cast<std::size_t>(state.range(0));
+  AddBag(host.engine, u"bag", slots, ActiveSlots(slots));
+  host.gui->AddBagPage(u"bag.txt", nullptr);
+  Entry entry(1);
+  ICGUIPageObject& bag = *host.gui->GetPage(0);
+  bag.SetBagItems(std::vector<IBagEntry*>(slots, &entry));
+  for (auto _ : state) bag.Pick(nullptr, 0, 0, 0, 0, 0);
+  ReportEach(state);
+}
+
 void LoadLanguage(benchmark::State& state) {
   Host host;
   String table = u"lang english {\n";
@@ -92,6 +118,8 @@ void DeliverWaiting(benchmark::State& state) {
 BENCHMARK(LoadLanguage)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(DeliverWaiting)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(LoadPage)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UpdateBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(UpdatePage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

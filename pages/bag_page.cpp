@@ -27,6 +27,18 @@ void ShowDefaults(ICGUIObject* widget) {
   Slot(widget).SetQuadTexture(nullptr);
 }
 
+bool HasLowerId(ICGUIObject* a, ICGUIObject* b) { return a->GetId() < b->GetId(); }
+
+// Every pair that is out of order changes places. Where quads that share an id then stand differs from what other ways
+// of sorting give, and is what bags are laid out by.
+void ExchangePairs(std::vector<ICGUIObject*>& slots) {
+  for (auto slot = slots.begin(); slot != slots.end(); ++slot) {
+    for (auto later = slot + 1; later != slots.end(); ++later) {
+      if (HasLowerId(*later, *slot)) std::swap(*later, *slot);
+    }
+  }
+}
+
 }  // namespace
 
 CGUIBagPage::CGUIBagPage() : PageBase("CGUIBagPage", kSceneLine) {}
@@ -63,15 +75,14 @@ PickResult* CGUIBagPage::Pick(Viewport* /*viewport*/, std::uint32_t /*x*/, std::
   return nullptr;
 }
 
-// Every pair that is out of order changes places: where quads that share an id then stand differs from what a stable
-// sort gives, and is what bags are laid out by. It happens once; what is sorted stays as it is.
 void CGUIBagPage::SortSlots() {
-  const auto byId = [](ICGUIObject* a, ICGUIObject* b) { return a->GetId() < b->GetId(); };
-  if (std::is_sorted(items.begin(), items.end(), byId)) return;
-  for (auto slot = items.begin(); slot != items.end(); ++slot) {
-    for (auto later = slot + 1; later != items.end(); ++later) {
-      if (byId(*later, *slot)) std::swap(*later, *slot);
-    }
+  if (std::is_sorted(items.begin(), items.end(), HasLowerId)) return;
+  const std::vector<ICGUIObject*> unsorted = items;
+  std::sort(items.begin(), items.end(), HasLowerId);
+  const auto sameId = [](ICGUIObject* a, ICGUIObject* b) { return a->GetId() == b->GetId(); };
+  if (std::adjacent_find(items.begin(), items.end(), sameId) != items.end()) {
+    items = unsorted;
+    ExchangePairs(items);
   }
   IndexWidgets();
 }
