@@ -7,11 +7,13 @@
 #include <cmath>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "base/backends/window_backend.h"
 #include "base/context.h"
 #include "base/file_paths.h"
 #include "base/record.h"
+#include "base/whole_file.h"
 
 namespace qen::platform {
 namespace {
@@ -26,17 +28,24 @@ base::IWindowBackend* Window() {
 
 StringView NameOf(const Char* file) { return file == nullptr ? StringView() : StringView(file); }
 
-// Writes the copy beside its place and moves it there, so that a failure half way leaves what was there.
 bool CopyWhole(const fs::path& from, const fs::path& to) {
-  fs::path part = to;
-  part += ".part";
+  constexpr std::size_t kBlock = 65536;
   std::error_code error;
-  fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
-  if (!error) fs::rename(part, to, error);
-  if (!error) return true;
-  std::error_code ignored;
-  fs::remove(part, ignored);
-  return false;
+  if (!fs::is_regular_file(from, error)) return false;
+  const base::OpenedFile source = base::OpenFile(from, "rb");
+  if (source == nullptr) return false;
+  base::WholeFile copy(to, from);
+  std::vector<char> block(kBlock);
+  while (const std::size_t size = std::fread(block.data(), 1, block.size(), source.get())) {
+    if (!copy.Write(block.data(), size)) return false;
+  }
+  return std::ferror(source.get()) == 0 && copy.PutInPlace();
+}
+
+// A drive can be there, as a folder of that name, but is not made.
+bool IsDrive(StringView folder) {
+  while (folder.ends_with(u'\\') || folder.ends_with(u'/')) folder.remove_suffix(1);
+  return folder.size() == 2 && folder[1] == u':';
 }
 
 }  // namespace
@@ -103,6 +112,7 @@ bool CopyFileW(const Char* from, const Char* to, bool failIfExists) {
 
 int _wmkdir(const Char* folder) {
   Record("_wmkdir", folder);
+  if (IsDrive(NameOf(folder))) return -1;
   std::error_code error;
   return fs::create_directory(base::ResolvePath(NameOf(folder)), error) ? 0 : -1;
 }

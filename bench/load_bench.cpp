@@ -3,6 +3,8 @@
 
 #include "bench/bench_host.h"
 #include "engine/msg_daemon.h"
+#include "engine/system.h"
+#include "tests/module/bag_fixture.h"
 #include "tests/module/big_page.h"
 
 namespace qen::test {
@@ -31,6 +33,31 @@ void UpdatePage(benchmark::State& state) {
     host.gui->SetCursor(x = (x + 7) % 800, 300);
     host.gui->Update(0, 0, 0);
   }
+  ReportEach(state);
+}
+
+void LoadBag(benchmark::State& state) {
+  Host host;
+  const auto slots = static_cast<std::size_t>(state.range(0));
+  AddBag(host.engine, u"bag", slots, ActiveSlots(slots));
+  for (auto _ : state) {
+    host.gui->AddBagPage(u"bag.txt", nullptr);
+    state.PauseTiming();
+    host.gui->Release();
+    state.ResumeTiming();
+  }
+  ReportEach(state);
+}
+
+void UpdateBag(benchmark::State& state) {
+  Host host;
+  const auto slots = static_cast<std::size_t>(state.range(0));
+  AddBag(host.engine, u"bag", slots, ActiveSlots(slots));
+  host.gui->AddBagPage(u"bag.txt", nullptr);
+  Entry entry(1);
+  ICGUIPageObject& bag = *host.gui->GetPage(0);
+  bag.SetBagItems(std::vector<IBagEntry*>(slots, &entry));
+  for (auto _ : state) bag.Pick(nullptr, 0, 0, 0, 0, 0);
   ReportEach(state);
 }
 
@@ -79,6 +106,8 @@ BENCHMARK(LoadLanguage)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMi
 BENCHMARK(DeliverWaiting)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(UpdateWithWaiting)->Arg(0)->Arg(10000);
 BENCHMARK(LoadPage)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UpdateBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(UpdatePage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

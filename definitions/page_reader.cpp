@@ -1,6 +1,7 @@
 #include "definitions/page_reader.h"
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "definitions/definition_text.h"
@@ -67,7 +68,8 @@ bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
   DefinitionPass pass(text);
   CGUIParser& parser = pass.parser;
   const String first = parser.NextToken();
-  const Stopwatch stopwatch;
+  std::optional<Stopwatch> stopwatch;
+  if (format == PageFormat::Page) stopwatch.emplace();
   bool named = true;
   if (first == u"name") {
     const String scene = parser.NextToken();
@@ -80,8 +82,8 @@ bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
   const std::span<const HeaderKey> keys(kHeaderKeys);
   ReadKeys(parser, format == PageFormat::Bag ? keys.first(kBagKeys) : keys, header);
   page.Build();
-  if (format == PageFormat::Page && System::output != nullptr) {
-    System::output->Print(u"... [%1.1f sec]\n", stopwatch.Seconds());
+  if (stopwatch && System::output != nullptr) {
+    System::output->Print(u"... [%1.1f sec]\n", stopwatch->Seconds());
   }
   return parser.ok && named;
 }

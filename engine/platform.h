@@ -68,15 +68,16 @@ QEN_API bool SetCursorPos(int x, int y);
 QEN_API bool ScreenToClient(WindowHandle window, POINT* point);
 QEN_API bool ClientToScreen(WindowHandle window, POINT* point);
 QEN_API bool GetClientRect(WindowHandle window, RECT* rect);
-QEN_API std::uint32_t timeGetTime();  // milliseconds, wraps
-QEN_API bool CopyFileW(const Char* from, const Char* to, bool failIfExists);
+QEN_API std::uint32_t timeGetTime();                                          // milliseconds, wraps
+QEN_API bool CopyFileW(const Char* from, const Char* to, bool failIfExists);  // safe like SaveWholeFile
 QEN_API int _wmkdir(const Char* folder);                         // 0, or -1 when it exists or cannot be made
 QEN_API std::FILE* _wfopen(const Char* file, const Char* mode);  // null on failure
 
 #endif
 
 // Not the system's: writes a whole file beside its place, flushes it to the disk and renames it over what was there, so
-// that at every moment the old file or the new one is whole. False, with the old one in place, when any of it fails.
+// that at every moment the old file or the new one is whole. Permissions, owner and links stay. False, with the old one
+// in place, when any of it fails or the old one is read-only.
 QEN_API bool SaveWholeFile(const Char* file, const void* bytes, std::size_t size);
 
 }  // namespace qen::platform

@@ -1,6 +1,7 @@
 #include "pages/bag_page.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "definitions/definition_file.h"
 #include "definitions/definition_text.h"
@@ -26,6 +27,18 @@ void ShowDefaults(ICGUIObject* widget) {
   Slot(widget).SetQuadTexture(nullptr);
 }
 
+bool HasLowerId(ICGUIObject* a, ICGUIObject* b) { return a->GetId() < b->GetId(); }
+
+// Every pair that is out of order changes places. Where quads that share an id then stand differs from what other ways
+// of sorting give, and is what bags are laid out by.
+void ExchangePairs(std::vector<ICGUIObject*>& slots) {
+  for (auto slot = slots.begin(); slot != slots.end(); ++slot) {
+    for (auto later = slot + 1; later != slots.end(); ++later) {
+      if (HasLowerId(*later, *slot)) std::swap(*later, *slot);
+    }
+  }
+}
+
 }  // namespace
 
 CGUIBagPage::CGUIBagPage() : PageBase("CGUIBagPage", kSceneLine) {}
@@ -34,11 +47,11 @@ SimpleScene* CGUIBagPage::LoadPage(const Char* file, std::uint32_t newKind) {
   ResetForLoading(file, newKind);
   bool tooShort = false;
   const std::optional<String> text = LoadMarkedDefinitionText(fileName.c_str(), tooShort);
+  if (!text && !tooShort) return scene;
+  if (scene != nullptr) Unload();
   if (tooShort) return nullptr;
-  if (text) {
-    ReadPageHeader(*text, PageFormat::Bag, *this);
-    ReadPageItems(*text, *this);
-  }
+  ReadPageHeader(*text, PageFormat::Bag, *this);
+  ReadPageItems(*text, *this);
   return scene;
 }
 
@@ -53,49 +66,54 @@ void CGUIBagPage::WidgetCreated(ICGUIObject& widget) {
 
 PickResult* CGUIBagPage::Pick(Viewport* /*viewport*/, std::uint32_t /*x*/, std::uint32_t /*y*/,
                               std::uint32_t /*buttonA*/, std::uint32_t /*buttonB*/, Char /*key*/) {
-  if (entries_.empty()) {
-    for (ICGUIObject* slot : items) {
-      ShowDefaults(slot);
-      slot->Update(Ray{});
-    }
-    return nullptr;
+  if (!entries_.empty()) {
+    SortSlots();
+    CountSlots();
   }
-  SortSlots();
-  CountSlots();
   LayOutEntries();
   for (ICGUIObject* slot : items) slot->Update(Ray{});
   return nullptr;
 }
 
 void CGUIBagPage::SortSlots() {
-  const auto byId = [](ICGUIObject* a, ICGUIObject* b) { return a->GetId() < b->GetId(); };
-  if (!std::is_sorted(items.begin(), items.end(), byId)) std::sort(items.begin(), items.end(), byId);
+  if (std::is_sorted(items.begin(), items.end(), HasLowerId)) return;
+  const std::vector<ICGUIObject*> unsorted = items;
+  std::sort(items.begin(), items.end(), HasLowerId);
+  const auto sameId = [](ICGUIObject* a, ICGUIObject* b) { return a->GetId() == b->GetId(); };
+  if (std::adjacent_find(items.begin(), items.end(), sameId) != items.end()) {
+    items = unsorted;
+    ExchangePairs(items);
+  }
+  IndexWidgets();
 }
 
 void CGUIBagPage::CountSlots() { slotCount = static_cast<std::int32_t>(std::max(items.size(), entries_.size())); }
 
-std::int32_t CGUIBagPage::FirstActiveSlot() const {
+std::int64_t CGUIBagPage::FirstActiveSlot() const {
   const auto found =
       std::find_if(items.begin(), items.end(), [](ICGUIObject* slot) { return Slot(slot).GetActive() != 0; });
-  return found != items.end() ? static_cast<std::int32_t>(found - items.begin()) : -1;
+  return found != items.end() ? found - items.begin() : -1;
 }
 
-IBagEntry* CGUIBagPage::EntryAt(std::int32_t index) const {
+IBagEntry* CGUIBagPage::EntryAt(std::int64_t index) const {
   const auto position = static_cast<std::size_t>(index);
   return index >= 0 && position < entries_.size() ? entries_[position] : nullptr;
 }
 
+// The game's entries are asked for what they show and may change the list or the page by that.
 void CGUIBagPage::LayOutEntries() {
-  const std::int32_t first = FirstActiveSlot();
-  if (first < 0) return;
-  std::int32_t shown = focusIndex - first;
-  for (ICGUIObject* slot : items) {
+  const std::int64_t first = FirstActiveSlot();
+  std::int64_t shown = focusIndex - first;
+  for (std::size_t i = 0; i < items.size(); ++i) {
     if (shown >= slotCount) shown -= slotCount;
     if (shown < 0) shown += slotCount;
-    ShowDefaults(slot);
-    if (IBagEntry* entry = EntryAt(shown)) {
-      Slot(slot).SetColor(entry->GetColor(), false);
-      Slot(slot).SetQuadTexture(entry->GetTexture());
+    ShowDefaults(items[i]);
+    if (IBagEntry* entry = first >= 0 ? EntryAt(shown) : nullptr) {
+      const std::uint32_t color = entry->GetColor();
+      Texture* texture = entry->GetTexture();
+      if (i >= items.size()) return;
+      Slot(items[i]).SetColor(color, false);
+      Slot(items[i]).SetQuadTexture(texture);
     }
     ++shown;
   }
@@ -127,8 +145,8 @@ void CGUIBagPage::SetBagItems(std::vector<IBagEntry*> entries) {
 IBagEntry* CGUIBagPage::GetSelectedBagItem() { return EntryAt(focusIndex); }
 
 bool CGUIBagPage::StepFocus(std::int32_t step) {
-  const auto count = static_cast<std::int32_t>(entries_.size());
-  if (count > 0) focusIndex = (focusIndex + step + count) % count;
+  const auto count = static_cast<std::int64_t>(entries_.size());
+  if (count > 0) focusIndex = static_cast<std::int32_t>((focusIndex + step + count) % count);
   return true;
 }
 

@@ -9,8 +9,8 @@ namespace qen {
 
 class ICGUIDummy;
 
-// Without light, sounds, picking and render clients. The entry at the focus index is shown in the first active slot,
-// the others in the slots behind it, round the ring.
+// Without light, sounds, picking and render clients. All its widgets are quads. The entry at the focus index is shown
+// in the first active slot, the others in the slots behind it, round the ring; without an active slot, none is.
 class CGUIBagPage final : public PageBase {
  public:
   CGUIBagPage();
@@ -37,8 +37,8 @@ class CGUIBagPage final : public PageBase {
   void CountSlots();
   void LayOutEntries();
   bool StepFocus(std::int32_t step);
-  [[nodiscard]] std::int32_t FirstActiveSlot() const;  // -1 when there is none
-  [[nodiscard]] IBagEntry* EntryAt(std::int32_t index) const;
+  [[nodiscard]] std::int64_t FirstActiveSlot() const;  // -1 when there is none
+  [[nodiscard]] IBagEntry* EntryAt(std::int64_t index) const;
 
   std::vector<IBagEntry*> entries_;  // the game's; may hold nulls
   std::array<float, 2> slotHalfSize_{4.0F, 4.0F};

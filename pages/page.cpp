@@ -60,6 +60,7 @@ CGUIPage::CGUIPage() : PageBase("CGUIPage", kSceneLine) {}
 CGUIPage::~CGUIPage() = default;
 
 SimpleScene* CGUIPage::LoadPage(const Char* file, std::uint32_t newKind) {
+  Unload();
   ResetForLoading(file, newKind);
   light_.reset();
   sounds_.ForgetHandles();

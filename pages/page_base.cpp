@@ -31,7 +31,6 @@ PageBase::~PageBase() {
 }
 
 void PageBase::ResetForLoading(const Char* file, std::uint32_t newKind) {
-  if (scene != nullptr) Unload();
   nextObjectId_ = 0;
   focusIndex = 0;
   slotCount = 0;

@@ -48,7 +48,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   // `owner` and `line` name the class in the engine's log.
   PageBase(const char* owner, std::int32_t line);
 
-  // Back to how a page begins; whatever was built is unloaded.
+  // The counters and names back to how a page begins.
   void ResetForLoading(const Char* file, std::uint32_t newKind);
 
   // A new widget for a type letter; null when pages of this kind have none for it.
@@ -56,6 +56,8 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   virtual void SceneLoaded() {}      // behind the registration of the scene
   virtual void InstanceCreated() {}  // behind the hiding of the new instance
   virtual void WidgetCreated(ICGUIObject& widget) = 0;
+
+  void IndexWidgets();  // after a change of the widgets' order
 
   [[nodiscard]] const NodeIndex& Nodes() const { return nodeIndex_; }
   [[nodiscard]] const String& SceneName() const { return names_.Scene(); }
@@ -75,7 +77,6 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void CreateSceneInstance();
   void CreateWidgets();
   void CreateWidget(const String& nodeName);
-  void IndexWidgets();
   [[nodiscard]] std::pair<std::vector<ICGUIObject*>::const_iterator, std::vector<ICGUIObject*>::const_iterator>
   WidgetsNamed(StringView wanted) const;
 

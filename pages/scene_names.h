@@ -35,8 +35,8 @@ class SceneNames {
 
  private:
   String baseName_;
-  String guiScene_;
-  String scene_;
+  String guiScene_ = u"_gui";
+  String scene_ = u"_scene";
 };
 
 }  // namespace qen

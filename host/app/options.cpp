@@ -16,7 +16,8 @@ constexpr std::int32_t kMaxSide = 16384;
 constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =
-    "In the window: Alt+Enter switches full screen, F12 writes a picture.\n"
+    "In the window: Alt+Enter switches full screen, F12 writes a picture, Ctrl+S saves the active page over its own\n"
+    "definition and keeps the old one in the folder bak beside it.\n"
     "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
 
 [[noreturn]] void Refuse(const std::string& reason) { throw std::runtime_error(reason + " (see guihost --help)"); }
@@ -41,6 +42,14 @@ std::string DescriptionBeside(const std::string& folder) {
   return (parent / "gui.txt").string();
 }
 
+// "menu=folder/menu.txt"
+bool ParsePageSave(const std::string& text, Options& options) {
+  const std::size_t sign = text.find('=');
+  if (sign == std::string::npos || sign == 0 || sign + 1 == text.size()) return false;
+  options.savedPages.push_back({text.substr(0, sign), text.substr(sign + 1)});
+  return true;
+}
+
 void Declare(CLI::App& app, Options& options) {
   app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style");
   app.add_option("--page", options.page, "The page to show first; the description's first page without it")
@@ -53,6 +62,16 @@ void Declare(CLI::App& app, Options& options) {
          "The size of the window or picture in pixels, 1280x960 without it")
       ->type_name("WxH");
   app.add_flag("--offscreen", options.offscreen, "Opens no window; needs no display");
+  app.add_option_function<std::vector<std::string>>(
+         "--save-page",
+         [&options](const std::vector<std::string>& texts) {
+           for (const std::string& text : texts) {
+             if (!ParsePageSave(text, options)) throw CLI::ValidationError("--save-page", text + " is no NAME=FILE");
+           }
+         },
+         "Saves the page's definition after the first frame, off screen, and ends; may be given again")
+      ->type_name("NAME=FILE")
+      ->allow_extra_args(false);
   app.add_option("--shot", options.shot, "Writes a picture of the page when its entrance is over, and ends")
       ->type_name("FILE.png");
   app.add_option("--tour", options.tour, "Goes through the pages off screen and writes pictures into the folder")

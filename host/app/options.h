@@ -8,6 +8,11 @@
 
 namespace qen::host {
 
+struct PageSave {
+  std::string page;
+  std::string file;
+};
+
 // Paths and names are UTF-8; empty where nothing was asked for.
 struct Options {
   std::string description;
@@ -15,6 +20,7 @@ struct Options {
   std::int32_t width = 1280;
   std::int32_t height = 960;
   bool offscreen = false;
+  std::vector<PageSave> savedPages;
   std::string shot;
   std::string tour;
   std::string trace;

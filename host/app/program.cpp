@@ -2,10 +2,14 @@
 
 #include <SDL.h>
 
+#include <cstdio>
 #include <optional>
 
+#include "base/utf.h"
 #include "host/app/display.h"
 #include "host/app/options.h"
+#include "host/app/page_saver.h"
+#include "host/app/pages.h"
 #include "host/app/stage.h"
 #include "host/app/test_run.h"
 #include "host/app/tour.h"
@@ -17,6 +21,15 @@ namespace qen::host {
 namespace {
 
 constexpr const char* kTourFolder = "shots";
+constexpr double kStep = 1.0 / 60.0;
+
+void SavePages(Stage& stage, const std::vector<PageSave>& saves) {
+  stage.Update(kStep);
+  for (const PageSave& save : saves) {
+    const std::uint32_t page = PageNamed(stage.Gui(), base::ToUtf16(save.page));
+    std::puts(SavePageAs(stage.Gui(), page, save.file).c_str());
+  }
+}
 
 // Without a display it is not seen, but does all the same.
 void PlayScript(const Options& options) {
@@ -27,17 +40,19 @@ void PlayScript(const Options& options) {
 void Play(const Options& options) {
   if (!options.script.empty()) return PlayScript(options);
   const bool wantsTour = !options.tour.empty();
-  const bool offscreen = options.offscreen || wantsTour || !HasDisplay();
-  const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames);
+  const bool savesPages = !options.savedPages.empty();
+  const bool offscreen = options.offscreen || wantsTour || savesPages || !HasDisplay();
+  const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames && !savesPages);
   const bool takesTime = !offscreen && options.shot.empty();
   Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime});
+  if (savesPages) SavePages(stage, options.savedPages);
   if (playsTour) {
     PlayTour(stage, wantsTour ? options.tour : kTourFolder);
   } else if (!options.shot.empty()) {
     stage.Settle();
     stage.Draw();
     stage.WritePicture(options.shot);
-  } else {
+  } else if (!savesPages || options.frames) {
     RunWindowLoop(stage, options.frames);
   }
 }

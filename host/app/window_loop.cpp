@@ -7,8 +7,10 @@
 #include <exception>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "engine/messages.h"
+#include "host/app/page_saver.h"
 
 namespace qen::host {
 namespace {
@@ -92,16 +94,32 @@ class WindowLoop {
   void HandleSpecial(const InputEvent& event) {
     if (event.value == SDLK_RETURN && (event.modifiers & KMOD_ALT) != 0) stage_.Window().ToggleFullscreen();
     if (event.value == SDLK_F12) pictureWanted_ = true;
+    if (event.value == SDLK_s && (event.modifiers & KMOD_CTRL) != 0) SaveActivePage();
   }
 
   void TakePicture() {
     pictureWanted_ = false;
-    try {
+    Report([this] {
       const std::filesystem::path file = NextPictureName();
       stage_.WritePicture(file);
-      std::printf("%s\n", file.string().c_str());
+      return file.string();
+    });
+  }
+
+  // The one in front, when several take input.
+  void SaveActivePage() {
+    const std::vector<std::uint32_t>& active = stage_.Gui().GetActivePages();
+    if (!active.empty()) Report([&] { return SavePageInPlace(stage_.Gui(), active.back()); });
+  }
+
+  // Prints what the work gives. That it fails is no reason to end.
+  template <class Work>
+  static void Report(const Work& work) {
+    try {
+      std::printf("%s\n", work().c_str());
+      std::fflush(stdout);
     } catch (const std::exception& problem) {
-      std::fprintf(stderr, "guihost: %s\n", problem.what());  // no reason to end
+      std::fprintf(stderr, "guihost: %s\n", problem.what());
     }
   }
 

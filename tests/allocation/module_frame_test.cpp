@@ -1,5 +1,6 @@
 // Warm frames take nothing from the heap.
 #include "tests/allocation/counting_new.h"
+#include "tests/module/bag_fixture.h"
 #include "tests/module/big_page.h"
 #include "tests/module/gui_fixture.h"
 
@@ -40,6 +41,27 @@ TEST_F(WarmFrames, AllocateNothingWhileTheCursorRests) {
   PlayFrames(3);
   const std::size_t before = AllocationCount();
   for (int i = 0; i < 10; ++i) Frame();
+  EXPECT_EQ(AllocationCount() - before, 0U);
+}
+
+TEST_F(BagTest, AllocatesNothingWhileItsEntriesTurn) {
+  constexpr std::size_t kSlots = 5000;
+  ICGUIPageObject* bag = OpenBagOf(kSlots, ActiveSlots(kSlots));
+  engine.RecordCalls(false);
+  Entry red(0xFF0000, LoadTexture(u"red.png"));
+  Entry blue(0x0000FF);
+  bag->SetBagItems({&red, nullptr, &blue});
+  const auto playFrames = [this](int count) {
+    for (int i = 0; i < count; ++i) {
+      gui->FocusNext();
+      Frame();
+      DrawPages();
+    }
+  };
+  playFrames(3);
+  const std::size_t before = AllocationCount();
+  ASSERT_GT(before, kSlots);
+  playFrames(10);
   EXPECT_EQ(AllocationCount() - before, 0U);
 }
 

@@ -41,6 +41,9 @@ TEST_F(GuihostTest, NamesWrongOptions) {
     EXPECT_THAT(Complaint("a.txt --size " + size), HasSubstr("--size: " + size));
   }
   EXPECT_THAT(Complaint("a.txt --frames many"), HasSubstr("--frames"));
+  for (const std::string save : {"menu", "=menu.txt", "menu="}) {
+    EXPECT_THAT(Complaint("a.txt --save-page " + save), HasSubstr("--save-page: " + save));
+  }
 }
 
 TEST_F(GuihostTest, NamesWhatCannotBeRead) {
@@ -57,6 +60,7 @@ TEST_F(GuihostTest, NamesWhatCannotBeRead) {
 TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
   WriteSmallGui();
   EXPECT_THAT(Complaint("Gui.txt --page third"), AllOf(HasSubstr("third"), HasSubstr("first, second")));
+  EXPECT_THAT(Complaint("Gui.txt --save-page third=a.txt"), AllOf(HasSubstr("third"), HasSubstr("first, second")));
   EXPECT_THAT(Complaint("Gui.txt --language klingon"), AllOf(HasSubstr("klingon"), HasSubstr("english, german")));
   EXPECT_THAT(Complaint("Empty.txt"), HasSubstr("names no pages"));
 }
@@ -89,6 +93,20 @@ TEST_F(GuihostTest, TakesAPictureOfThePageAskedFor) {
   ASSERT_EQ(first->height, 48);
   EXPECT_THAT(Middle(*first), ElementsAre(::testing::Ge(240), ::testing::Le(15), ::testing::Le(15), 255));
   EXPECT_THAT(Middle(*second), ElementsAre(0, 0, 0, 255));
+}
+
+TEST_F(GuihostTest, SavesPagesAndTellsWhere) {
+  WriteSmallGui();
+  ASSERT_EQ(Run("Gui.txt --save-page first=new/a.txt --save-page Second=Pages/Second.txt --shot a.png --size 16x16"), 0)
+      << err;
+  EXPECT_THAT(out, EndsWith("saved new/a.txt\nsaved Pages/Second.txt; what was there is Pages/bak/Second.txt0\n"));
+  EXPECT_EQ(folder.Read("Pages/bak/Second.txt0"), "name scenes\\second.glb\n");
+  EXPECT_THAT(folder.Read("new/a.txt"), StartsWith("\xFF\xFEn"));
+  EXPECT_TRUE(Picture("a.png"));
+  ASSERT_EQ(Run("Gui.txt --save-page second=b.txt"), 0) << err;
+  EXPECT_EQ(folder.Read("b.txt"), folder.Read("Pages/Second.txt")) << "what was saved is what was loaded";
+  EXPECT_NE(Run("Gui.txt --save-page first=Lang.txt/a.txt"), 0);
+  EXPECT_THAT(err, HasSubstr("cannot save Lang.txt/a.txt"));
 }
 
 TEST_F(GuihostTest, ReadsItsDataFromAnArchive) {

@@ -1,0 +1,57 @@
+#include "host/app/page_saver.h"
+
+#include <stdexcept>
+
+#include "base/file_paths.h"
+#include "base/utf.h"
+#include "engine/system.h"
+
+namespace qen::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Where the GUI will keep what is there now.
+fs::path NextBackup(const fs::path& file) {
+  const fs::path folder = file.parent_path() / "bak";
+  fs::path backup;
+  int number = 0;
+  do {
+    backup = folder / (file.filename().string() + std::to_string(number++));
+  } while (fs::exists(backup));
+  return backup;
+}
+
+std::string Save(IGui& gui, std::uint32_t page, const String& name, const fs::path& file) {
+  const fs::path backup = NextBackup(file);
+  if (!gui.SavePage(name.c_str(), page)) throw std::runtime_error("cannot save " + file.string());
+  const std::string saved = "saved " + file.string();
+  return fs::exists(backup) ? saved + "; what was there is " + backup.string() : saved;
+}
+
+// The GUI saves below the base path only.
+class BasePathChange {
+ public:
+  explicit BasePathChange(const fs::path& folder) { System::SetBasePath(base::ToUtf16(folder.string())); }
+  ~BasePathChange() { System::SetBasePath(before_); }
+  BasePathChange(const BasePathChange&) = delete;
+  BasePathChange& operator=(const BasePathChange&) = delete;
+
+ private:
+  String before_ = System::GetBasePath();
+};
+
+}  // namespace
+
+std::string SavePageAs(IGui& gui, std::uint32_t page, const fs::path& file) {
+  const BasePathChange change(file.parent_path());
+  // A second character that is a colon would make it a drive.
+  return Save(gui, page, base::ToUtf16("./" + file.filename().string()), file);
+}
+
+std::string SavePageInPlace(IGui& gui, std::uint32_t page) {
+  const String name = gui.GetPageFile(page);
+  return Save(gui, page, name, base::ResolvePath(System::GetBasePath() + name).lexically_normal());
+}
+
+}  // namespace qen::host

@@ -1,0 +1,22 @@
+// File calls that fail, or kill the program, when they are told to.
+#pragma once
+
+#include <cstddef>
+
+namespace qen::test {
+
+enum class Fault {
+  Fail,  // as a full or broken disk does: half of what was to be written is
+  Kill,  // the process ends on the spot, before the call
+};
+
+constexpr int kKilled = 86;  // exit status of a process that was
+
+// The calls that open, read, write, flush, move or remove files or make folders are counted from now on, by the program
+// and the libraries it loads, and the call of that number (from 1) is struck. None is with 0.
+void StrikeFileCall(std::size_t number, Fault fault);
+
+// Ends the counting and gives how many calls there were.
+std::size_t CountedFileCalls();
+
+}  // namespace qen::test

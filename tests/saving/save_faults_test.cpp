@@ -1,0 +1,210 @@
+// Whatever happens while a definition is saved, a whole one is found afterwards.
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <functional>
+#include <random>
+
+#include "base/call_record.h"
+#include "tests/module/data_folder.h"
+#include "tests/saving/failing_files.h"
+
+namespace qen::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+enum class Saved { Page, Bag, Style, Language };
+
+class SaveFaults : public SavingTest, public ::testing::WithParamInterface<Saved> {
+ protected:
+  SaveFaults() {
+    AddButtonPage(u"menu", {u"ok", u"quit"});
+    AddText(u"bag.txt", u"name menu.glb");
+    AddText(u"style.txt", u"texture a.png");
+    AddText(u"gui.txt", u"lang words.txt tool style.txt");
+    gui->Load(u"gui.txt", nullptr);
+    gui->AddPage(u"menu.txt", &engine.camera);
+    gui->AddBagPage(u"bag.txt", &engine.camera);
+  }
+
+  // Saves one of two contents. Whether it was saved, as far as the caller is told.
+  std::optional<bool> Save(bool second) {
+    switch (GetParam()) {
+      case Saved::Page:
+        gui->GetPage(0)->items.at(0)->info->tooltip = second ? 2 : 1;
+        return gui->SavePage(u"pages\\saved.txt", 0);
+      case Saved::Bag:
+        gui->GetPage(1)->name = second ? u"second.glb" : u"first.glb";
+        return gui->SavePage(u"pages\\saved.txt", 1);
+      case Saved::Style:
+        gui->GetStyleColor() = second ? 2 : 1;
+        gui->SaveStyle();
+        return std::nullopt;
+      case Saved::Language:
+        gui->SaveLanguage(base::ToUtf16((folder / (second ? "second.txt" : "first.txt")).string()));
+        return std::nullopt;
+    }
+    return std::nullopt;
+  }
+
+  // Where it is saved.
+  [[nodiscard]] fs::path File() const {
+    if (GetParam() == Saved::Style) return folder / "style.txt";
+    return GetParam() == Saved::Language ? folder / "words.txt" : folder / "pages" / "saved.txt";
+  }
+  [[nodiscard]] fs::path Backup() const { return File().parent_path() / "bak" / (File().filename().string() + "0"); }
+
+  // Takes away what was saved, and saves the first content.
+  void BeginAnew() {
+    for (const auto& entry : fs::directory_iterator(folder)) fs::remove_all(entry);
+    std::ofstream(folder / "first.txt") << std::string(100000, '1');
+    std::ofstream(folder / "second.txt") << std::string(100000, '2');
+    engine.errors.clear();
+    Save(false);
+    fs::remove_all(Backup().parent_path());
+  }
+
+  void LearnContents() {
+    BeginAnew();
+    first_ = BytesOf(File());
+    Save(true);
+    second_ = BytesOf(File());
+    ASSERT_FALSE(first_.empty());
+    ASSERT_NE(first_, second_);
+    ASSERT_EQ(BytesOf(Backup()), first_);
+  }
+
+  // The calls of a save, and how many of them are before the file itself is written.
+  void CountCalls() {
+    BeginAnew();
+    std::size_t copies = 0;
+    base::SetCallSink([&](const base::Call& call) {
+      const bool writes = call.name == "SaveWholeFile" || (call.name == "CopyFileW" && ++copies == 2);
+      if (writes) callsOfBackup_ = CountedFileCalls();
+      if (writes) StrikeFileCall(0, Fault::Fail);
+    });
+    StrikeFileCall(0, Fault::Fail);
+    Save(true);
+    calls_ = callsOfBackup_ + CountedFileCalls();
+    engine.RecordCalls(true);
+    ASSERT_GT(callsOfBackup_, 5U) << "the calls are those of the libraries";
+    ASSERT_GT(calls_, callsOfBackup_ + 4U);
+  }
+
+  [[nodiscard]] std::vector<std::string> Leftovers() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      const std::string name = entry.path().filename();
+      if (name.find(".part") != std::string::npos) names.push_back(name);
+    }
+    return names;
+  }
+
+  // Runs it in a process of its own. The exit status, -1 for one that was killed.
+  static int RunApart(const std::function<void()>& work, const std::function<void(pid_t)>& meanwhile = {}) {
+    const pid_t child = fork();
+    if (child == 0) {
+      work();
+      _exit(0);
+    }
+    if (meanwhile) meanwhile(child);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  std::string first_;
+  std::string second_;
+  std::size_t callsOfBackup_ = 0;
+  std::size_t calls_ = 0;
+};
+
+TEST_P(SaveFaults, ACallThatFailsLosesNothing) {
+  LearnContents();
+  CountCalls();
+  fs::permissions(File(), fs::perms::owner_read | fs::perms::owner_write);
+  for (std::size_t call = 1; call <= calls_; ++call) {
+    SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls_));
+    BeginAnew();
+    fs::permissions(File(), fs::perms::owner_read | fs::perms::owner_write);
+    StrikeFileCall(call, Fault::Fail);
+    const std::optional<bool> saved = Save(true);
+    CountedFileCalls();
+    const std::string now = BytesOf(File());
+    EXPECT_TRUE(now == first_ || now == second_);
+    EXPECT_EQ(saved.value_or(now == second_), now == second_) << "the caller is told";
+    const bool tells = GetParam() == Saved::Page && now == first_;
+    EXPECT_EQ(engine.errors.size(), tells ? 1U : 0U);
+    EXPECT_TRUE(call <= callsOfBackup_ || BytesOf(Backup()) == first_) << "what there was can be found";
+    EXPECT_THAT(Leftovers(), ::testing::IsEmpty());
+  }
+}
+
+TEST_P(SaveFaults, AProcessKilledAtAnyCallLosesNothing) {
+  LearnContents();
+  CountCalls();
+  for (std::size_t call = 1; call <= calls_; ++call) {
+    SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls_));
+    BeginAnew();
+    const int status = RunApart([&] {
+      StrikeFileCall(call, Fault::Kill);
+      Save(true);
+    });
+    EXPECT_EQ(status, kKilled);
+    const std::string now = BytesOf(File());
+    EXPECT_TRUE(now == first_ || (now == second_ && BytesOf(Backup()) == first_));
+    Save(true);
+    EXPECT_TRUE(BytesOf(File()) == second_) << "what is left lying about is in nobody's way";
+  }
+}
+
+TEST_P(SaveFaults, AProcessKilledAtAnyMomentLosesNothing) {
+  LearnContents();
+  std::mt19937 random(static_cast<std::uint32_t>(::testing::UnitTest::GetInstance()->random_seed()));
+  std::size_t changed = 0;
+  for (int i = 0; i < 40; ++i) {
+    BeginAnew();
+    const int status = RunApart(
+        [this] {
+          for (bool second = true;; second = !second) Save(second);
+        },
+        [&random](pid_t child) {
+          usleep(static_cast<useconds_t>(random() % 20000));
+          kill(child, SIGKILL);
+        });
+    EXPECT_EQ(status, -1);
+    const std::string now = BytesOf(File());
+    ASSERT_TRUE(now == first_ || now == second_);
+    changed += fs::exists(Backup()) ? 1U : 0U;
+    std::error_code none;
+    for (const auto& entry : fs::directory_iterator(Backup().parent_path(), none)) {
+      if (entry.path().string().find(".part") != std::string::npos) continue;
+      const std::string kept = BytesOf(entry.path());
+      ASSERT_TRUE(kept == first_ || kept == second_) << entry.path() << " is a piece";
+    }
+  }
+  EXPECT_GT(changed, 5U) << "the processes came to save something";
+}
+
+std::string NameOf(const ::testing::TestParamInfo<Saved>& saved) {
+  switch (saved.param) {
+    case Saved::Page:
+      return "Page";
+    case Saved::Bag:
+      return "Bag";
+    case Saved::Style:
+      return "Style";
+    case Saved::Language:
+      return "Language";
+  }
+  return {};
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, SaveFaults, ::testing::Values(Saved::Page, Saved::Bag, Saved::Style, Saved::Language),
+                         NameOf);
+
+}  // namespace
+}  // namespace qen::test
