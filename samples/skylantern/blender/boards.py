@@ -43,11 +43,20 @@ def shutters(surfaces, width, height, middle=0.0):
     return doors
 
 
-def open_shutters(doors):
-    for node, shut in doors:
-        kit.move(node, (shut - node.location.x, 0, 0), (0, 0, 0), 0.05, 0.85, lambda t: t**2.4)
+def export_shutter_animations(page, doors, made, lanterns):
+    """The doors open and close; buttons follow from below, lanterns rise."""
 
+    def enter():
+        for node, shut in doors:
+            kit.move(node, (shut - node.location.x, 0, 0), (0, 0, 0), 0.05, 0.85, lambda t: t**2.4)
+        for node in made:
+            kit.move(node, (0, 0, -40), (0, 0, 0), 0.2, 0.5, kit.ease_out_back)
+        for i, node in enumerate(lanterns):
+            kit.move(node, (0, 0, -30 - 4 * i), (0, 0, 0), 0.0, 0.8, lambda t: 1 - (1 - t) ** 3)
 
-def close_shutters(doors):
-    for node, shut in doors:
-        kit.move(node, (0, 0, 0), (shut - node.location.x, 0, 0), 0.0, 0.4, lambda t: 1 - (1 - t) ** 2)
+    def leave():
+        for node, shut in doors:
+            kit.move(node, (0, 0, 0), (shut - node.location.x, 0, 0), 0.0, 0.4, lambda t: 1 - (1 - t) ** 2)
+
+    kit.export_animation(f"anims/{page}_in.glb", [enter])
+    kit.export_animation(f"anims/{page}_out.glb", [leave])

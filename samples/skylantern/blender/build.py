@@ -6,12 +6,13 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 import kit
+import load_game
 import main_menu
 import options
 import paint
 import quit_dialog
 
-PAGES = {"main_menu": main_menu, "options": options, "quit_dialog": quit_dialog}
+PAGES = {"main_menu": main_menu, "load_game": load_game, "options": options, "quit_dialog": quit_dialog}
 
 
 def main():

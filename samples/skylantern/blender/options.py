@@ -44,15 +44,4 @@ def build():
     doors = boards.shutters(surfaces, WIDTH + 2, HEIGHT + 2)
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)
     kit.export_scene("scenes/options.glb")
-
-    def enter():
-        boards.open_shutters(doors)
-        kit.move(back, (0, 0, -40), (0, 0, 0), 0.2, 0.5, kit.ease_out_back)
-        for i, node in enumerate(lanterns):
-            kit.move(node, (0, 0, -30 - 4 * i), (0, 0, 0), 0.0, 0.8, lambda t: 1 - (1 - t) ** 3)
-
-    def leave():
-        boards.close_shutters(doors)
-
-    kit.export_animation("anims/options_in.glb", [enter])
-    kit.export_animation("anims/options_out.glb", [leave])
+    boards.export_shutter_animations("options", doors, [back], lanterns)
