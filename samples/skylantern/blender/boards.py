@@ -1,4 +1,4 @@
-"""Boards that pages hang their controls on, and the shutters that open before them."""
+"""Boards that pages hang their controls on, and how they come and go."""
 
 import kit
 import paint
@@ -43,6 +43,27 @@ def shutters(surfaces, width, height, middle=0.0):
     return doors
 
 
+def rise_lanterns(lanterns):
+    for i, node in enumerate(lanterns):
+        kit.move(node, (0, 0, -30 - 4 * i), (0, 0, 0), 0.0, 0.8, lambda t: 1 - (1 - t) ** 3)
+
+
+def export_hanging_animations(page, hung, lanterns):
+    """What hangs on the ropes swings down from above and is drawn up again; lanterns rise."""
+
+    def enter():
+        for node in hung:
+            kit.move(node, (0, 0, 115), (0, 0, 0), 0.0, 0.6, kit.ease_out_back)
+        rise_lanterns(lanterns)
+
+    def leave():
+        for node in hung:
+            kit.move(node, (0, 0, 0), (0, 0, 120), 0.0, 0.32, kit.ease_in)
+
+    kit.export_animation(f"anims/{page}_in.glb", [enter])
+    kit.export_animation(f"anims/{page}_out.glb", [leave])
+
+
 def export_shutter_animations(page, doors, made, lanterns):
     """The doors open and close; buttons follow from below, lanterns rise."""
 
@@ -51,8 +72,7 @@ def export_shutter_animations(page, doors, made, lanterns):
             kit.move(node, (shut - node.location.x, 0, 0), (0, 0, 0), 0.05, 0.85, lambda t: t**2.4)
         for node in made:
             kit.move(node, (0, 0, -40), (0, 0, 0), 0.2, 0.5, kit.ease_out_back)
-        for i, node in enumerate(lanterns):
-            kit.move(node, (0, 0, -30 - 4 * i), (0, 0, 0), 0.0, 0.8, lambda t: 1 - (1 - t) ** 3)
+        rise_lanterns(lanterns)
 
     def leave():
         for node, shut in doors:

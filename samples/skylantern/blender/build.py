@@ -8,11 +8,12 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import kit
 import load_game
 import main_menu
+import name_entry
 import options
 import paint
 import quit_dialog
 
-PAGES = {"main_menu": main_menu, "load_game": load_game, "options": options, "quit_dialog": quit_dialog}
+PAGES = {"main_menu": main_menu, "load_game": load_game, "name_entry": name_entry, "options": options, "quit_dialog": quit_dialog}
 
 
 def main():
