@@ -5,6 +5,7 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
+import help
 import kit
 import load_game
 import main_menu
@@ -13,7 +14,7 @@ import options
 import paint
 import quit_dialog
 
-PAGES = {"main_menu": main_menu, "load_game": load_game, "name_entry": name_entry, "options": options, "quit_dialog": quit_dialog}
+PAGES = {"main_menu": main_menu, "load_game": load_game, "name_entry": name_entry, "help": help, "options": options, "quit_dialog": quit_dialog}
 
 
 def main():

@@ -60,7 +60,7 @@ def label(parent, width, height, front):
     kit.card("normal", width, height, None, node)
 
 
-def button(name, location, width, height, materials, label_height=7.0, hung_by=0.0):
+def button(name, location, width, height, materials, label_height=7.0, hung_by=0.0, margin=9):
     """All states have the same outline; the pointer is tested against the normal one. `hung_by` is the length of the two
     chains that the button hangs on."""
     node = kit.empty("~b" + name, location)
@@ -71,5 +71,5 @@ def button(name, location, width, height, materials, label_height=7.0, hung_by=0
     if hung_by:
         for side in (-1, 1):
             kit.chain("chain", height / 2 + hung_by, height / 2 - 0.4, side * width * 0.34, materials["normal"][1], node)
-    label(node, width - 9, label_height, DEPTH + RAISED + 0.6)
+    label(node, width - margin, label_height, DEPTH + RAISED + 0.6)
     return node
