@@ -50,7 +50,8 @@ def compass(sheet):
 def feather(sheet):
     x, y = sheet.x, sheet.y
     along, across = (x + y) / np.sqrt(2), (x - y) / np.sqrt(2)
-    vane = np.abs(across) - 0.15 * np.sqrt(np.clip(1 - ((along - 0.09) / 0.34) ** 2, 0, None)) + (np.abs(along - 0.09) > 0.34)
+    width = 0.15 * np.sqrt(np.clip(1 - ((along - 0.09) / 0.34) ** 2, 0, None))
+    vane = np.where(width > 0, np.abs(across) - width, 1.0)
     sheet.lay(vane, (0.20, 0.36, 0.62), (0.74, 0.90, 1.0))
     for place in (-0.08, 0.04, 0.16, 0.28):
         for side in (-1, 1):
@@ -84,6 +85,13 @@ def moonstone(sheet):
     sheet.lay(facets, (0.26, 0.20, 0.62), (0.80, 0.78, 1.0))
     sheet.lay(facets + 0.13, (0.52, 0.46, 0.90), (0.96, 0.95, 1.0), outline=0.008)
     sheet.lay(bar(x, y, (-0.08, 0.10), (0.04, 0.13), 0.016), (1.0, 1.0, 1.0), outline=0)
+
+
+def nothing(sheet):
+    """An empty slot."""
+    for turn in range(12):
+        angle = 2 * np.pi * turn / 12
+        sheet.lay(disc(sheet.x, sheet.y, 0.022, 0.30 * np.cos(angle), 0.30 * np.sin(angle)), (0.30, 0.26, 0.46), outline=0)
 
 
 THINGS = (lantern, key, chart, compass, feather, oil, bell, moonstone)

@@ -34,8 +34,8 @@ def shutters(surfaces, width, height, middle=0.0):
     for side in (-1, 1):
         node = kit.empty("Left shutter" if side < 0 else "Right shutter", (side * ASIDE, SHUT_BEFORE, middle))
         kit.plaque("door", width / 2, height, 2.5, 5, enamel, surfaces["brass"], node, rim_width=1.8, bulge=0.2)
-        kit.plaque("inlay", width / 2 - 14, height - 18, 1.6, 4, enamel, surfaces["brass"], node, (0, -1.4, 0), rim_width=1.0,
-                   bulge=0.2)
+        kit.plaque("inlay", width / 2 - 14, height - 18, 1.6, 4, enamel, surfaces["brass"], node, (0, -1.4, 0),
+                   rim_width=1.0, bulge=0.2)
         for end in (-1, 0, 1):
             kit.flourish("hinge", width / 5, surfaces["brass"], node, (0, -3.6, end * (height / 2 - 14)))
         stage.paper_lantern("Handle", (-side * (width / 4 - 10), -6, 0), 7.0, surfaces, node)

@@ -17,8 +17,8 @@ import options
 import paint
 import quit_dialog
 
-PAGES = {page.__name__: page for page in (main_menu, load_game, name_entry, options, help, credits, inventory,
-                                       inventory_frame, quit_dialog)}
+PAGES = {page.__name__: page for page in (
+    main_menu, load_game, name_entry, options, help, credits, inventory, inventory_frame, quit_dialog)}
 
 
 def main():

@@ -22,8 +22,8 @@ PICTURE_WIDTH, PICTURE_HEIGHT = 33, 42
 def picture(name, x, surfaces):
     """A framed picture and its caption. The picture is the widget; the frame is decoration round it."""
     node = kit.empty(name.title() + " frame", (x, 0, 6))
-    kit.plaque("frame", PICTURE_WIDTH + 4, PICTURE_HEIGHT + 4, 2.0, 3.0, surfaces["wood"], surfaces["brass"], node, (0, 2.2, 0),
-               rim_width=1.7, bulge=-0.2)
+    kit.plaque("frame", PICTURE_WIDTH + 4, PICTURE_HEIGHT + 4, 2.0, 3.0, surfaces["wood"], surfaces["brass"], node,
+               (0, 2.2, 0), rim_width=1.7, bulge=-0.2)
     image = kit.picture(name, portraits.portrait(name, lit=False))
     surface = kit.material("portrait of " + name, roughness=1.0, image=image)
     shown = kit.card("~p" + name.title(), PICTURE_WIDTH, PICTURE_HEIGHT, surface, None, (x, 0, 6))

@@ -52,13 +52,13 @@ class Sheet:
         self.alpha = np.zeros((height, width)) if rgb is None else np.ones((height, width))
         self.pixel = 1.0 / height
 
-    def lay(self, distance, low, high=None, outline=0.016, top=None, bottom=None):
+    def lay(self, distance, low, high=None, outline=0.016):
         """Fills a shape, darker below than above."""
         inside = np.clip(0.5 - distance / self.pixel, 0, 1)
         around = np.clip(0.5 - (distance - outline) / self.pixel, 0, 1)
         covered = np.where(distance < 0.5 * self.pixel)
-        low_y, high_y = (self.y[covered].min(), self.y[covered].max()) if covered[0].size else (0, 1)
-        t = np.clip((self.y - (low_y if bottom is None else bottom)) / max((high_y if top is None else top) - low_y, 1e-6), 0, 1)
+        bottom, top = (self.y[covered].min(), self.y[covered].max()) if covered[0].size else (0, 1)
+        t = np.clip((self.y - bottom) / max(top - bottom, self.pixel), 0, 1)
         fill = gradient([(0.0, low), (1.0, high or low)], t)
         self.rgb = mix(self.rgb, np.array(INK), around[..., None])
         self.rgb = mix(self.rgb, fill, inside[..., None])

@@ -2,6 +2,7 @@
 painted on."""
 
 import math
+import os
 
 import bmesh
 import bpy
@@ -10,22 +11,27 @@ import belongings
 import kit
 import stage
 
-LEATHER_LIGHT, LEATHER_DARK = (0.62, 0.24, 0.09), (0.10, 0.025, 0.035)
-FLAP_LIGHT, FLAP_DARK = (0.74, 0.32, 0.12), (0.15, 0.04, 0.04)
+LEATHER_LIGHT, LEATHER_DARK = (0.60, 0.19, 0.06), (0.075, 0.016, 0.022)
+FLAP_LIGHT, FLAP_DARK = (0.80, 0.31, 0.10), (0.12, 0.028, 0.026)
 BRASS_LIGHT, BRASS_DARK = (1.0, 0.72, 0.30), (0.24, 0.09, 0.03)
 WELL = (0.018, 0.014, 0.05)
-MIDDLE = 1.5  # height of the ring's middle
-RING_WIDTH, RING_HEIGHT = 51, 30
+MIDDLE = 4.5  # height of the ring's middle
+RING_WIDTH, RING_HEIGHT = 52, 29
 SLOT_SIZE = 1.7  # the GUI draws a slot as a square of 8 units on its node, times the node's size
 
 
-def painted(made, light, dark, shade=1.0):
+def paint_over(made, color):
+    """Gives every part of a shape one surface, whose colours are its vertices'."""
     made.data.materials.clear()
     made.data.materials.append(bpy.data.materials["land"])
     for polygon in made.data.polygons:
         polygon.material_index = 0
-    kit.paint_vertices(made, lambda point, normal: stage.lit(dark, light, normal, shade))
+    kit.paint_vertices(made, color)
     return made
+
+
+def painted(made, light, dark, shade=1.0):
+    return paint_over(made, lambda point, normal: stage.lit(dark, light, normal, shade))
 
 
 def strap(parent, width, height, half, surfaces):
@@ -72,21 +78,21 @@ def satchel(surfaces):
     node = kit.empty("Satchel", (0, 14, MIDDLE - 4))
     kit.card("shine", 110, 90, surfaces["glow"], node, (0, 8, 2))
     strap(node, 17, 21, 1.9, surfaces)
-    body = kit.plaque("body", 50, 33, 7, 8, surfaces["land"], surfaces["land"], node, (0, 0, -1), rim_width=2.4, bulge=0.5)
+    land = surfaces["land"]
+    body = kit.plaque("body", 50, 33, 7, 8, land, land, node, (0, 0, -1), rim_width=2.4, bulge=0.5)
     painted(body, LEATHER_LIGHT, LEATHER_DARK)
     pocket = kit.empty("pocket", (0, -7, -1), node)
     stitches(pocket, 50, 33, 8, 3.6, -0.2, False)
-    flap = kit.plaque("flap", 52, 22, 4, 9, surfaces["land"], surfaces["land"], node, (0, -6.2, 6), rim_width=1.6, bulge=0.5)
+    flap = kit.plaque("flap", 52, 22, 4, 9, land, land, node, (0, -6.2, 6), rim_width=1.6, bulge=0.5)
     painted(flap, FLAP_LIGHT, FLAP_DARK)
     stitched = kit.empty("seam", (0, -10.4, 6), node)
     stitches(stitched, 52, 22, 9, 2.8, 0.1, True)
     for side in (-1, 1):
-        band = kit.plaque("band", 4.4, 17, 1.2, 1.4, surfaces["land"], surfaces["land"], node, (side * 13, -10, -2), rim_width=0.6)
+        band = kit.plaque("band", 4.4, 17, 1.2, 1.4, land, land, node, (side * 13, -10, -2), rim_width=0.6)
         painted(band, LEATHER_LIGHT, LEATHER_DARK)
-        buckle = kit.plaque("buckle", 7.2, 6.2, 1.4, 1.6, surfaces["land"], surfaces["land"], node, (side * 13, -11, -5),
-                            rim_width=1.0, bulge=-0.3)
+        buckle = kit.plaque("buckle", 7.2, 6.2, 1.4, 1.6, land, land, node, (side * 13, -11, -5), rim_width=1.0, bulge=-0.3)
         painted(buckle, BRASS_LIGHT, BRASS_DARK)
-    clasp = kit.flourish("clasp", 14, surfaces["land"], node, (0, -10.6, 5))
+    clasp = kit.flourish("clasp", 14, land, node, (0, -10.6, 5))
     painted(clasp, BRASS_LIGHT, BRASS_DARK)
     return node
 
@@ -94,17 +100,15 @@ def satchel(surfaces):
 def place(number, x, z, surfaces):
     """A brass bowl with a slot of the ring before it."""
     node = kit.empty(f"Place{number}", (x, 0, z))
-    bowl = kit.plaque("bowl", 18, 18, 2.2, 8.9, surfaces["land"], surfaces["land"], node, (0, 2.6, 0), rim_width=1.3, bulge=-0.2)
+    bowl = kit.plaque("bowl", 18, 18, 2.2, 8.9, surfaces["land"], surfaces["land"], node, (0, 2.6, 0),
+                      rim_width=1.3, bulge=-0.2)
 
     def color(point, normal):
         if math.hypot(point.x, point.z) < 7.6:
             return stage.blend(WELL, (0.06, 0.05, 0.16), 0.5 + point.z / 16)
         return stage.lit(BRASS_DARK, BRASS_LIGHT, normal)
 
-    bowl.data.materials.pop()
-    for polygon in bowl.data.polygons:
-        polygon.material_index = 0
-    kit.paint_vertices(bowl, color)
+    paint_over(bowl, color)
     slot = kit.card(f"~qSlot{number}", 8, 8, None, node)
     slot.scale = (SLOT_SIZE, SLOT_SIZE, SLOT_SIZE)
     return node
@@ -138,3 +142,6 @@ def build():
     kit.export_animation("anims/inventory_out.glb", [leave])
     for paint_it in belongings.THINGS:
         kit.save_picture(belongings.thing(paint_it), f"textures/{paint_it.__name__}.png")
+    # What the GUI shows in a slot that is given no picture of its own.
+    os.makedirs(os.path.join(kit.SAMPLE, "textures/guitex"), exist_ok=True)
+    kit.save_picture(belongings.thing(belongings.nothing), "textures/guitex/default_bag.png")

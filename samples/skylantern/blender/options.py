@@ -16,22 +16,18 @@ ISLANDS = [
      [("lighthouse", (-2, 0, 1), 40), ("amber", (-15, -6, 1), 11), ("blossom", (12, -8, 1), 9)]),
 ]
 LEFT, RIGHT = -34, 34
-
-
-def captions():
-    """Texts above their controls: name, place."""
-    places = [("Music", (LEFT, 27)), ("Sound", (LEFT, 10.5)), ("Language", (RIGHT, 27)), ("Difficulty", (RIGHT, -4))]
-    made = [controls.caption("~t" + name, (x, 0.5, z), 56, 6, None) for name, (x, z) in places]
-    return [controls.caption("~tHeading", (0, 0.5, 39), 100, 10), *made]
+CAPTIONS = [("Music", LEFT, 27), ("Sound", LEFT, 10.5), ("Language", RIGHT, 27), ("Difficulty", RIGHT, -4)]
 
 
 def build():
     kit.new_scene()
     surfaces = stage.shared_materials()
     scenery.evening(surfaces, ISLANDS)
-    ground = boards.board(surfaces, WIDTH, HEIGHT, 0)
+    ground = boards.board(surfaces, WIDTH, HEIGHT)
     kit.flourish("flourish", 60, surfaces["brass"], ground, (0, -3.4, 33))
-    captions()
+    controls.caption("~tHeading", (0, 0.5, 39), 100, 10)
+    for name, x, z in CAPTIONS:
+        controls.caption("~t" + name, (x, 0.5, z), 56, 6)
     looks = controls.control_materials(buttons.button_materials())
     for name, z in (("Music", 19.5), ("Sound", 3)):
         controls.slide_bar("~s" + name, (LEFT, 0, z), 58, looks, surfaces)
