@@ -54,10 +54,14 @@ def body(state, width, height, raised, materials, parent):
     return made
 
 
-def label(parent, width, height, front):
-    """The box that the label is written into; only its measures count, it is never drawn."""
-    node = kit.empty("text", (0, -front, 0), parent)
+def label(parent, width, height, front, gap):
+    """The box that the label is written into; only its measures count, it is never drawn. It hovers before the face by a
+    gap, and stands a little nearer the middle of the view, so that it is seen in the middle of the face."""
+    x, _, z = parent.location
+    nearer = gap / kit.EYE
+    node = kit.empty("text", (-x * nearer, -front, -z * nearer), parent)
     kit.card("normal", width, height, None, node)
+    return node
 
 
 def button(name, location, width, height, materials, label_height=7.0, hung_by=0.0, margin=9):
@@ -71,5 +75,5 @@ def button(name, location, width, height, materials, label_height=7.0, hung_by=0
     if hung_by:
         for side in (-1, 1):
             kit.chain("chain", height / 2 + hung_by, height / 2 - 0.4, side * width * 0.34, materials["normal"][1], node)
-    label(node, width - margin, label_height, DEPTH + RAISED + 0.6)
+    label(node, width - margin, label_height, DEPTH + RAISED + 0.6, RAISED + 0.6)
     return node

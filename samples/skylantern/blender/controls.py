@@ -5,6 +5,7 @@ Boxes that the GUI reads are centred on their nodes, so that texts, rows and sli
 
 import math
 
+import buttons
 import kit
 
 STATES = ("normal", "onmouse", "disabled")
@@ -169,6 +170,6 @@ def check_button(name, location, width, height, looks, round_mark=False, label_h
             kit.shown(f"{choice} {state} {width:g} x {height:g} {sides}", state, half,
                       lambda c=choice, s=state, h=half: body(c, s, h))
     left, right = mark + size * 0.5 + 2.0, width / 2 - 1.6
-    label = kit.empty("text", ((left + right) / 2, -4.0, 0), node)
-    kit.card("normal", right - left, label_height, None, label)
+    label = buttons.label(node, right - left, label_height, 4.0, 1.8)
+    label.location.x += (left + right) / 2
     return node

@@ -17,6 +17,7 @@ import paint
 SAMPLE = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSerif-Bold.ttf"
 FRAMES_PER_SECOND = 30
+EYE = 144.1  # how far the camera is from the plane y = 0
 
 
 def new_scene():
@@ -380,7 +381,7 @@ def preview(path, width=960, height=720):
     camera.sensor_fit = "VERTICAL"
     camera.angle_y = math.pi / 4
     camera.clip_end = 5000
-    eye = link("preview", camera, location=(0, -144.1, 0))
+    eye = link("preview", camera, location=(0, -EYE, 0))
     eye.rotation_euler = (math.pi / 2, 0, 0)
     sun = link("preview light", bpy.data.lights.new("preview light", "SUN"))
     sun.data.energy = 2.5
