@@ -5,13 +5,20 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
+import credits
+import help
+import inventory
+import inventory_frame
 import kit
+import load_game
 import main_menu
+import name_entry
 import options
 import paint
 import quit_dialog
 
-PAGES = {"main_menu": main_menu, "options": options, "quit_dialog": quit_dialog}
+PAGES = {page.__name__: page for page in (
+    main_menu, load_game, name_entry, options, help, credits, inventory, inventory_frame, quit_dialog)}
 
 
 def main():

@@ -1,8 +1,5 @@
 """Buttons as the GUI wants them: a node "~b..." with one child a state and a box for its label."""
 
-import bmesh
-import bpy
-
 import kit
 import paint
 
@@ -36,15 +33,13 @@ def button_materials():
 
 def set_stones(made, width, surface):
     """Two stones in brass settings at the ends of a button; they glow with it."""
-    made.data.materials.append(surface)
-    shape = bmesh.new()
-    shape.from_mesh(made.data)
-    for side in (-1, 1):
-        kit.gem(shape, (side * width / 2, -1.2, 0), 4.2, 5.2, 1.5, 1)
-        kit.gem(shape, (side * width / 2, -2.4, 0), 2.7, 3.5, 1.5, 2)
-    bmesh.ops.recalc_face_normals(shape, faces=shape.faces)
-    shape.to_mesh(made.data)
-    shape.free()
+
+    def draw(shape, stone):
+        for side in (-1, 1):
+            kit.gem(shape, (side * width / 2, -1.2, 0), 4.2, 5.2, 1.5, 1)
+            kit.gem(shape, (side * width / 2, -2.4, 0), 2.7, 3.5, 1.5, stone)
+
+    kit.add_to(made, [surface], draw)
 
 
 def body(state, width, height, raised, materials, parent):
@@ -59,24 +54,26 @@ def body(state, width, height, raised, materials, parent):
     return made
 
 
-def label(parent, width, height, front):
-    """The box that the label is written into; only its measures count, it is never drawn."""
-    node = kit.empty("text", (0, -front, 0), parent)
+def label(parent, width, height, front, gap):
+    """The box that the label is written into; only its measures count, it is never drawn. It hovers before the face by a
+    gap, and stands a little nearer the middle of the view, so that it is seen in the middle of the face."""
+    x, _, z = parent.location
+    nearer = gap / kit.EYE
+    node = kit.empty("text", (-x * nearer, -front, -z * nearer), parent)
     kit.card("normal", width, height, None, node)
+    return node
 
 
-def button(name, location, width, height, materials, label_height=7.0, hung_by=0.0):
+def button(name, location, width, height, materials, label_height=7.0, hung_by=0.0, margin=9):
     """All states have the same outline; the pointer is tested against the normal one. `hung_by` is the length of the two
     chains that the button hangs on."""
     node = kit.empty("~b" + name, location)
     for state, raised in (("normal", 0.0), ("onmouse", RAISED), ("disabled", 0.0)):
-        shape = f"{state} {width:g} x {height:g}"  # buttons of one size share their meshes
-        if shape in bpy.data.meshes:
-            kit.link(state, bpy.data.meshes[shape], node)
-        else:
-            body(state, width, height, raised, materials[state], node).data.name = shape
+        # Buttons of one size share their meshes.
+        kit.shown(f"{state} {width:g} x {height:g}", state, node,
+                  lambda s=state, r=raised: body(s, width, height, r, materials[s], node))
     if hung_by:
         for side in (-1, 1):
             kit.chain("chain", height / 2 + hung_by, height / 2 - 0.4, side * width * 0.34, materials["normal"][1], node)
-    label(node, width - 9, label_height, DEPTH + RAISED + 0.6)
+    label(node, width - margin, label_height, DEPTH + RAISED + 0.6, RAISED + 0.6)
     return node

@@ -17,6 +17,7 @@ import paint
 SAMPLE = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSerif-Bold.ttf"
 FRAMES_PER_SECOND = 30
+EYE = 144.1  # how far the camera is from the plane y = 0
 
 
 def new_scene():
@@ -186,19 +187,43 @@ def letters(name, text, size, depth, surface, parent=None, location=(0, 0, 0), b
     return link(name, mesh, parent, location, [surface])
 
 
-def gem(shape, center, width, height, front, surface):
-    """Adds a cut stone to a shape: eight facets and a flat table."""
+def gem(shape, center, width, height, front, surface, sides=8, turn=0.0):
+    """Adds a cut stone to a shape: facets and a flat table. `turn` is where its first corner stands, 0 on the right."""
     rings = [(1.0, 0.0), (0.92, 0.45), (0.5, 1.0)]
     x, y, z = center
-    corners = [(math.cos(math.pi / 4 * i), math.sin(math.pi / 4 * i)) for i in range(8)]
+    angles = [turn + 2 * math.pi / sides * i for i in range(sides)]
+    corners = [(math.cos(angle), math.sin(angle)) for angle in angles]
     loops = [[shape.verts.new((x + c * width / 2 * size, y - front * depth, z + s * height / 2 * size)) for c, s in corners]
              for size, depth in rings]
-    faces = [shape.faces.new([lower[i], lower[(i + 1) % 8], upper[(i + 1) % 8], upper[i]])
-             for lower, upper in zip(loops, loops[1:]) for i in range(8)]
+    faces = [shape.faces.new([lower[i], lower[(i + 1) % sides], upper[(i + 1) % sides], upper[i]])
+             for lower, upper in zip(loops, loops[1:]) for i in range(sides)]
     faces.append(shape.faces.new(loops[-1]))
     for face in faces:
         face.material_index = surface
         face.smooth = False
+
+
+def add_to(made, surfaces, draw):
+    """Extends an object's mesh: draw(shape, first) adds faces, whose surfaces are numbered from `first` on."""
+    first = len(made.data.materials)
+    for surface in surfaces:
+        made.data.materials.append(surface)
+    shape = bmesh.new()
+    shape.from_mesh(made.data)
+    draw(shape, first)
+    bmesh.ops.recalc_face_normals(shape, faces=shape.faces)
+    shape.to_mesh(made.data)
+    shape.free()
+
+
+def shown(mesh_name, name, parent, make):
+    """A node that shows the mesh of that name; make() builds the node and its mesh where none has it yet."""
+    mesh = bpy.data.meshes.get(mesh_name)
+    if mesh:
+        return link(name, mesh, parent)
+    made = make()
+    made.data.name = mesh_name
+    return made
 
 
 def chain(name, top, bottom, x, surface, parent, y=-0.8, link_height=1.9):
@@ -356,7 +381,7 @@ def preview(path, width=960, height=720):
     camera.sensor_fit = "VERTICAL"
     camera.angle_y = math.pi / 4
     camera.clip_end = 5000
-    eye = link("preview", camera, location=(0, -144.1, 0))
+    eye = link("preview", camera, location=(0, -EYE, 0))
     eye.rotation_euler = (math.pi / 2, 0, 0)
     sun = link("preview light", bpy.data.lights.new("preview light", "SUN"))
     sun.data.energy = 2.5

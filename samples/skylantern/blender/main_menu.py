@@ -6,9 +6,10 @@ import stage
 
 MENU = ["Continue", "NewGame", "Options", "Quit"]
 LANTERNS = [(-92, 40, 46, 4.0), (-128, 100, 14, 4.4), (4, 70, 30, 3.4), (74, 10, 44, 5.0), (30, 120, 22, 3.2),
-            (96, 90, 16, 4.4), (-104, 80, 8, 4.2), (70, -6, -34, 4.2), (6, 50, -30, 3.0), (2, 160, 72, 4.0), (128, 150, 70, 5.0),
-            (-150, 150, 104, 5.2), (-84, 20, -40, 4.2), (130, 120, -50, 4.6)]
+            (96, 90, 16, 4.4), (-104, 80, 8, 4.2), (70, -6, -34, 4.2), (6, 50, -30, 3.0), (2, 160, 72, 4.0),
+            (128, 150, 70, 5.0), (-150, 150, 104, 5.2), (-84, 20, -40, 4.2), (130, 120, -50, 4.6)]
 COLUMN = -33  # where the menu stands
+SMALL = [("Inventory", 2), ("Credits", 32), ("Help", 62)]  # below the isle: name, place
 TREES = [(-26, -3, 8, "crimson"), (-20, 7, 11, "amber"), (-15, -9, 6, "blossom"), (5, 10, 10, "moss"), (29, 2, 7, "amber"),
          (7, -12, 5, "crimson"), (24, 9, 10, "blossom")]
 
@@ -68,6 +69,7 @@ def build():
     name = title(surfaces)
     looks = buttons.button_materials()
     made = [buttons.button(word, (COLUMN, 0, 15.5 - 15 * i), 52, 11.5, looks, hung_by=3.9) for i, word in enumerate(MENU)]
+    small = [buttons.button(word, (x, 0, -51), 27, 9.5, looks, margin=4) for word, x in SMALL]
     stage.hanging_lantern(made[-1], (0, 0.5, -5.2), 4.6, 3.5, surfaces)
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)
     kit.export_scene("scenes/main_menu.glb")
@@ -75,6 +77,8 @@ def build():
     def enter():
         for i, node in enumerate(made):
             kit.move(node, (-110, -30, 0), (0, 0, 0), 0.15 + 0.09 * i, 0.55, kit.ease_out_back)
+        for i, node in enumerate(small):
+            kit.move(node, (0, -10, -40), (0, 0, 0), 0.35 + 0.08 * i, 0.5, kit.ease_out_back)
         kit.move(name, (0, -20, 40), (0, 0, 0), 0.0, 0.7, kit.ease_out_back, rise=(0.6, 1.0))
         kit.move(isle, (60, 30, -30), (0, 0, 0), 0.0, 0.9, lambda t: 1 - (1 - t) ** 3)
         for i, node in enumerate(lanterns):
@@ -83,6 +87,8 @@ def build():
     def leave():
         for i, node in enumerate(made):
             kit.move(node, (0, 0, 0), (-120, 0, 0), 0.04 * i, 0.26, kit.ease_in)
+        for node in small:
+            kit.move(node, (0, 0, 0), (0, 0, -40), 0.0, 0.3, kit.ease_in)
         kit.move(name, (0, 0, 0), (0, 0, 45), 0.0, 0.34, kit.ease_in)
 
     kit.export_animation("anims/main_menu_in.glb", [enter])
