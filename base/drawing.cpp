@@ -45,12 +45,32 @@ std::int16_t Saturate(double start, double extra) {
   return static_cast<std::int16_t>(std::clamp(value, -32768.0, 32767.0));
 }
 
-Rect RectOf(const Rect& area, const FontObject& font, const TextLayout& layout, double fontPixel, double unit) {
-  const double left = area.left * unit;
-  const double top = area.top * unit;
-  const double height = static_cast<double>(layout.lines.size()) * font.GetMetric().tmHeight;
+double HeightOf(const FontObject& font, const TextLayout& layout) {
+  return static_cast<double>(layout.lines.size()) * font.GetMetric().tmHeight;
+}
+
+Rect FlatRectOf(const Rect& area, const FontObject& font, const TextLayout& layout) {
+  return {Saturate(area.left, 0.0), Saturate(area.top, 0.0), Saturate(area.left, static_cast<double>(layout.width)),
+          Saturate(area.top, HeightOf(font, layout))};
+}
+
+Rect SpatialRectOf(const Rect& area, const FontObject& font, const TextLayout& layout, float scale) {
+  const double fontPixel = static_cast<double>(scale) * kRectUnits;
+  const double left = area.left * kRectUnits;
+  const double top = area.top * kRectUnits;
+  const double line = font.GetMetric().tmHeight * fontPixel;
   return {Saturate(left, 0.0), Saturate(top, 0.0), Saturate(left, static_cast<double>(layout.width) * fontPixel),
-          Saturate(top, height * fontPixel)};
+          Saturate(top, HeightOf(font, layout) * fontPixel + line - 1.0)};
+}
+
+// Windows are whole units, cut down, where lines are not: one that begins less than a unit above a line begins with it.
+void BeginWithALine(TextPlacement& placement, float lineHeight, float unit) {
+  if (!(placement.top > 0.0F)) return;
+  constexpr float kRounding = 1e-3F;
+  const float cut = std::ceil(placement.top / lineHeight - kRounding) * lineHeight - placement.top;
+  if (!(cut < unit + kRounding)) return;
+  placement.top += cut;
+  placement.bottom += cut;
 }
 
 // A laid out text on its matrix. Left, width and the visible window are in world units.
@@ -63,6 +83,7 @@ void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& mat
   if (!Has(flags, DT_NOCLIP)) {
     placement.top = top / scale;
     placement.bottom = bottom / scale;
+    BeginWithALine(placement, static_cast<float>(font.GetMetric().tmHeight), 1.0F / scale);
   }
   DrawItem look;
   look.kind = DrawKind::Triangles3D;
@@ -130,8 +151,7 @@ Rect Drawing::GetTextRect(const Rect& area, std::uint32_t flags, const Char* for
   const GlyphStyle style = flat ? GlyphStyle::Bitmap : GlyphStyle::DistanceField;
   const auto width = static_cast<float>(area.right - area.left);
   const TextLayout& layout = context->texts.Get(*font, text, OptionsOf(style, flags, width / scale_));
-  if (flat) return RectOf(area, *font, layout, 1.0, 1.0);
-  return RectOf(area, *font, layout, static_cast<double>(scale_) * kRectUnits, kRectUnits);
+  return flat ? FlatRectOf(area, *font, layout) : SpatialRectOf(area, *font, layout, scale_);
 }
 
 void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char* format, ...) {

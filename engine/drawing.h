@@ -40,8 +40,9 @@ class QEN_API Drawing {
   void SetFont(Font* font);
   void EndText();
 
-  // The size of a text laid out in `area` (its width wraps with DT_WORDBREAK). Pixels in 2D, 1/38 of a world unit in
-  // 3D.
+  // The size of a text laid out in `area` (its width wraps with DT_WORDBREAK). Pixels in 2D. In 3D it is in 1/38 of a
+  // world unit, and one line less a 38th higher than the text: what of it does not fit a box, divided by the height of
+  // a line and cut down, is then how many lines must go until the last one is seen whole.
   Rect GetTextRect(const Rect& area, std::uint32_t flags, const Char* format, ...);
 
   // (x, y) is the upper left corner of the first line's cell.

@@ -34,8 +34,8 @@ class CGUIPage final : public PageBase {
   [[nodiscard]] const PageSounds& Sounds() const { return sounds_; }
 
  private:
-  // Before the first pick: far in front of everything, and leading away from it.
-  static constexpr PickLine kNoRay{{0.0F, 0.0F, -1.0e9F}, {0.0F, 0.0F, -1.0F}};
+  // Before the first pick: past everything, also where a line counts in both directions.
+  static constexpr PickLine kNoRay{{1.0e5F, 1.0e5F, -1.0e5F}, {0.0F, 0.0F, -1.0F}};
 
   std::unique_ptr<ICGUIObject> MakeWidget(Char letter) override;
   void SceneLoaded() override;

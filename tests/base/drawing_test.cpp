@@ -113,9 +113,10 @@ TEST_F(DrawingTest, Measures) {
   ExpectRect(Measured(kWrap, 30, u"abc def ghi"), 0, 0, 30, 60);
   ExpectRect(drawing.GetTextRect({5, -7, 100, 0}, 0, u"%d", 42), 5, -7, 25, 13);
   drawing.BeginText3D(0.14F);
-  ExpectRect(Measured(kWrap, 5, u"abc def ghi"), 0, 0, 160, 320);  // 30 x 0.14 x 38 = 159.6, 60 x 0.14 x 38 = 319.2
+  // 30 x 0.14 x 38 = 159.6; 60 x 0.14 x 38 = 319.2, and a line less one: 106.4 - 1
+  ExpectRect(Measured(kWrap, 5, u"abc def ghi"), 0, 0, 160, 425);
   drawing.BeginText3D(1.0F);
-  ExpectRect(Measured(0, 0, String(100, u'x').c_str()), 0, 0, 32767, 760);
+  ExpectRect(Measured(0, 0, String(100, u'x').c_str()), 0, 0, 32767, 2 * 760 - 1);
   drawing.EndText();
   ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 0, 0);
   drawing.SetFont(nullptr);
@@ -207,7 +208,7 @@ TEST_F(DrawingTest, KnownTextsAreNotShapedAgain) {
   font = FontManager::GetSingleton()->CreateEx(u"Test", -40, 0, 400, false, 1, kDefaultGroup);
   drawing.SetFont(font);
   drawing.BeginText3D(0.14F);
-  EXPECT_EQ(Measured(0, 0, u"x").bottom, 213) << "another font's texts are others";  // 40 x 0.14 x 38 = 212.8
+  EXPECT_EQ(Measured(0, 0, u"x").bottom, 425) << "another font's texts are others";  // 2 x 40 x 0.14 x 38 - 1
 }
 
 TEST_F(DrawingTest, QuadsAndBoxes) {

@@ -22,7 +22,7 @@ TEST_F(TextScroll, MeasuresHowFarItGoes) {
     std::size_t lines;
     std::int32_t max;
   };
-  for (const Row& row : {Row{20, 13}, {7, 0}, {8, 1}, {1, -5}, {1000, 286}}) {
+  for (const Row& row : {Row{20, 14}, {6, 0}, {7, 1}, {1, -4}, {1000, 286}}) {
     SetLines(row.lines);
     Drawn();
     EXPECT_EQ(text->info->min, 0);
@@ -45,12 +45,12 @@ TEST_F(TextScroll, MovesTheTextAndItsWindow) {
   text->info->position = 1;
   EXPECT_EQ(Drawn().substr(0, 28), "-20 10 0 | 0 2 40 22 | 50 ff");
   text->info->position = 500;
-  EXPECT_EQ(Drawn().substr(0, 32), "-20 45.28 0 | 0 38 40 58 | 50 ff") << "the last position";
+  EXPECT_EQ(Drawn().substr(0, 32), "-20 48.22 0 | 0 41 40 61 | 50 ff") << "the last position";
   SetLines(2);
   Drawn();
   Drawn();
-  EXPECT_EQ(text->info->position, -4) << "what fits goes to the end of its box";
-  EXPECT_EQ(Drawn().substr(0, 32), "-20 -4.7 0 | 0 -11 40 9 | 50 fff");
+  EXPECT_EQ(text->info->position, -3) << "what fits goes to the end of its box";
+  EXPECT_EQ(Drawn().substr(0, 32), "-20 -1.76 0 | 0 -8 40 12 | 50 ff");
 }
 
 TEST_F(TextScroll, IsMovedByItsSlideBar) {
@@ -66,7 +66,7 @@ TEST_F(TextScroll, IsMovedByItsSlideBar) {
   Aim({30, -29, -1});
   Press();
   Frame();
-  EXPECT_EQ(text->info->position, 13);
+  EXPECT_EQ(text->info->position, 14);
 }
 
 TEST_F(TextScroll, KeepsTheButtonsInSightWhileTheBarIsUsed) {

@@ -123,7 +123,7 @@ item ~lgames
 	 visible 1
 	 disabled 0
 	 min 0
-	 max 100
+	 max 2
 	 position 0
 	 checked 0
 	 maxselect -2

@@ -81,7 +81,7 @@ class SaveFaults : public SavingTest, public ::testing::WithParamInterface<Saved
   void CountCalls() {
     BeginAnew();
     std::size_t copies = 0;
-    base::SetCallSink([&](const base::Call& call) {
+    const base::CallTap tap([&](const base::Call& call) {
       const bool writes = call.name == "SaveWholeFile" || (call.name == "CopyFileW" && ++copies == 2);
       if (writes) callsOfBackup_ = CountedFileCalls();
       if (writes) StrikeFileCall(0, Fault::Fail);
@@ -89,7 +89,6 @@ class SaveFaults : public SavingTest, public ::testing::WithParamInterface<Saved
     StrikeFileCall(0, Fault::Fail);
     Save(true);
     calls_ = callsOfBackup_ + CountedFileCalls();
-    engine.RecordCalls(true);
     ASSERT_GT(callsOfBackup_, 5U) << "the calls are those of the libraries";
     ASSERT_GT(calls_, callsOfBackup_ + 4U);
   }

@@ -25,8 +25,8 @@ def build():
     kit.flourish("flourish", 60, surfaces["brass"], ground, (0, -3.4, 33))
     controls.caption("~tHeading", (0, 0.5, 39), 110, 10)
     looks = controls.control_materials(buttons.button_materials())
-    # Twelve lines of its font, 57.1 units, so that the last position ends with the whole last line.
-    controls.long_text("Guide", (-4.5, 0, -1.5), 118, 57, looks, surfaces)
+    # Hardly more than twelve lines of its font, 57.1 units, so that no part of another one shows.
+    controls.long_text("Guide", (-4.5, 0, -1.5), 118, 57.3, looks, surfaces)
     back = buttons.button("Back", (0, 0, -41.5), 42, 10.5, looks)
     doors = boards.shutters(surfaces, WIDTH + 2, HEIGHT + 2)
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)
