@@ -44,6 +44,12 @@ std::size_t LineAt(float y, float lineHeight, std::size_t count) {
   return line < static_cast<float>(count) ? static_cast<std::size_t>(line) : count;
 }
 
+float Indent(const TextLayout::Line& line, const TextPlacement& placement) {
+  if (!(placement.width > 0.0F)) return 0.0F;
+  const float room = placement.width - line.width;
+  return placement.centered ? room * 0.5F : line.rightToLeft ? room : 0.0F;
+}
+
 }  // namespace
 
 void DrawLayout(RenderService& frame, const FontObject& font, const TextLayout& layout, const TextPlacement& placement,
@@ -55,7 +61,7 @@ void DrawLayout(RenderService& frame, const FontObject& font, const TextLayout& 
     const TextLayout::Line& line = layout.lines[i];
     const float cellTop = static_cast<float>(i) * height;
     if (cellTop >= placement.bottom) break;
-    const float indent = placement.centerWidth > 0.0F ? (placement.centerWidth - line.width) * 0.5F : 0.0F;
+    const float indent = Indent(line, placement);
     for (Glyph glyph : std::span(layout.glyphs).subspan(line.firstGlyph, line.glyphCount)) {
       if (glyph.texture == 0) continue;
       glyph.left += indent;

@@ -17,7 +17,8 @@ struct TextPlacement {
   Vec3 origin;  // the upper left corner of the first line's cell
   Vec3 right;   // a font pixel to the right, and down
   Vec3 down;
-  float centerWidth = 0.0F;                             // font pixels to centre the lines in; 0: they begin at the left
+  float width = 0.0F;     // font pixels that the lines are set in; 0: all begin at the left
+  bool centered = false;  // else they begin at the side that they are read from
   float top = -std::numeric_limits<float>::infinity();  // what is visible, in font pixels down from the origin
   float bottom = std::numeric_limits<float>::infinity();
 };

@@ -79,7 +79,8 @@ void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& mat
   const LayoutOptions options = OptionsOf(GlyphStyle::DistanceField, flags, width / scale);
   const float cell = static_cast<float>(font.GetMetric().tmHeight) * scale;
   TextPlacement placement{.origin = {left, 0.0F, cell}, .right = {scale, 0.0F, 0.0F}, .down = {0.0F, 0.0F, -scale}};
-  if (Has(flags, DT_CENTER)) placement.centerWidth = width / scale;
+  placement.centered = Has(flags, DT_CENTER);
+  if (placement.centered || !Has(flags, DT_NOCLIP)) placement.width = width / scale;
   if (!Has(flags, DT_NOCLIP)) {
     placement.top = top / scale;
     placement.bottom = bottom / scale;

@@ -61,26 +61,27 @@ class Layouter {
     TextLayout::Line line;
     line.firstGlyph = static_cast<std::uint32_t>(layout_.glyphs.size());
     for (auto tab = text.find(u'\t'); tab != StringView::npos; tab = text.find(u'\t')) {
-      AddRun(text.substr(0, tab), line.width);
+      AddRun(text.substr(0, tab), line);
       line.width = NextTabStop(line.width, font_.GetTabWidth());
       text.remove_prefix(tab + 1);
     }
-    AddRun(text, line.width);
+    AddRun(text, line);
     line.glyphCount = static_cast<std::uint32_t>(layout_.glyphs.size()) - line.firstGlyph;
     layout_.lines.push_back(line);
     layout_.width = std::max(layout_.width, line.width);
   }
 
-  // Text without tabs, from `pen` on, which moves behind it.
-  void AddRun(StringView text, float& pen) {
+  // Text without tabs, behind what the line has.
+  void AddRun(StringView text, TextLayout::Line& line) {
     if (text.empty()) return;
     font_.GetFace().Shape(text, options_.style, shaped_);
+    if (line.width == 0.0F) line.rightToLeft = shaped_.rightToLeft;
     for (Glyph glyph : shaped_.glyphs) {
-      glyph.left += pen;
-      glyph.right += pen;
+      glyph.left += line.width;
+      glyph.right += line.width;
       layout_.glyphs.push_back(glyph);
     }
-    pen += shaped_.width;
+    line.width += shaped_.width;
   }
 
   const FontObject& font_;

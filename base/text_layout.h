@@ -18,6 +18,7 @@ struct TextLayout {
     std::uint32_t firstGlyph = 0;
     std::uint32_t glyphCount = 0;
     float width = 0.0F;
+    bool rightToLeft = false;
   };
 
   std::vector<Line> lines;

@@ -26,8 +26,8 @@ inline constexpr std::uint32_t DT_NOCLIP = 0x100;
 // Texts given with a format use IOutput's formats; others are drawn as they are.
 //
 // 3D text lies in the x-z plane of its matrix. The matrix's origin is the lower left corner of the first line's cell,
-// further lines go down. Rectangles are in whole world units: the width wraps and centres, top and bottom are the
-// window of the text that is visible unless DT_NOCLIP.
+// further lines go down. Rectangles are in whole world units: the width wraps and centres, and unless DT_NOCLIP lines
+// of right-to-left text begin at its right, and top and bottom are the window of the text that is visible.
 class QEN_API Drawing {
  public:
   Drawing();

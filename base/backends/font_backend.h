@@ -33,7 +33,8 @@ struct Glyph {
 // A line in visual order.
 struct ShapedLine {
   std::vector<Glyph> glyphs;
-  float width = 0.0F;  // font pixels, trailing blanks included
+  float width = 0.0F;        // font pixels, trailing blanks included
+  bool rightToLeft = false;  // it begins at the right
 };
 
 class IFontFace {

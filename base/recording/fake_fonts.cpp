@@ -7,6 +7,9 @@
 namespace qen::base {
 namespace {
 
+constexpr Char kFirstHebrew = 0x0590;
+constexpr Char kLastArabic = 0x06FF;
+
 bool JoinsBefore(Char c) { return (c >= 0x300 && c <= 0x36F) || (c >= 0xDC00 && c < 0xE000); }
 bool IsBlank(Char c) { return c == u' ' || c == u'\t' || c == 0x3000; }
 
@@ -29,6 +32,7 @@ class FakeFace final : public IFontFace {
     const std::uint32_t texture = flat ? FakeFonts::kBitmapTexture : FakeFonts::kDistanceFieldTexture;
     line.glyphs.clear();
     line.width = 0.0F;
+    line.rightToLeft = !text.empty() && text.front() >= kFirstHebrew && text.front() <= kLastArabic;
     for (const Char c : text) {
       if (JoinsBefore(c)) continue;
       line.glyphs.push_back({line.width, -static_cast<float>(metric.tmAscent), line.width + Advance(),

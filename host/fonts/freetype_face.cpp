@@ -83,12 +83,21 @@ float FreetypeFace::AdvanceOf(const raqm_glyph_t& glyph) const {
   return widened ? advance + kBoldWidening * em_.x : advance;
 }
 
+bool FreetypeFace::IsRightToLeft() {
+  const std::vector<std::uint32_t>& codes = characters_.codes;
+  bidiTypes_.resize(codes.size());
+  const auto count = static_cast<FriBidiStrIndex>(codes.size());
+  fribidi_get_bidi_types(codes.data(), count, bidiTypes_.data());
+  return fribidi_get_par_direction(bidiTypes_.data(), count) == FRIBIDI_PAR_RTL;
+}
+
 String FreetypeFace::Substitute() const { return base::ToUtf16(chain_.First().substitute); }
 
 void FreetypeFace::Shape(StringView text, base::GlyphStyle style, base::ShapedLine& line) {
   line.glyphs.clear();
   line.width = 0.0F;
   const RaqmOwner layout = Layout(text);
+  line.rightToLeft = layout != nullptr && IsRightToLeft();
   if (layout == nullptr) return;
   for (const raqm_glyph_t& shaped : GlyphsOf(layout.get())) {
     const std::uint32_t face = faces_[shaped.cluster];

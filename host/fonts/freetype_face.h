@@ -1,6 +1,8 @@
 // A font of one size.
 #pragma once
 
+#include <fribidi.h>
+
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -26,6 +28,7 @@ class FreetypeFace final : public base::IFontFace {
   // Shapes into glyphs in visual order, which stay until the owner goes. Null for an empty text.
   [[nodiscard]] RaqmOwner Layout(StringView text);
   [[nodiscard]] float AdvanceOf(const raqm_glyph_t& glyph) const;
+  [[nodiscard]] bool IsRightToLeft();  // what was laid out last
 
   FaceChain chain_;
   GlyphCache& glyphs_;
@@ -33,6 +36,7 @@ class FreetypeFace final : public base::IFontFace {
   TextMetric metric_;
   Characters characters_;
   std::vector<std::uint32_t> faces_;  // of the characters
+  std::vector<FriBidiCharType> bidiTypes_;
 };
 
 }  // namespace qen::host

@@ -164,6 +164,34 @@ TEST_F(DrawingTest, Text3DStandsOnItsMatrix) {
   EXPECT_EQ(v.at(12).position, (Vec3{17, 0, 0})) << "the second line, four characters";
 }
 
+TEST_F(DrawingTest, LinesBeginAtTheSideTheyAreReadFrom) {
+  const auto left = [&](const Char* text, std::uint32_t flags) {
+    engine.Draw([&] {
+      drawing.BeginText3D(1.0F);
+      drawing.DrawText3D(Matrix4x4::Identity, 100.0F, 100.0F, flags, Color(1), text);
+    });
+    return engine.render.frame.vertices.at(0).position.x;
+  };
+  EXPECT_EQ(left(u"ab", 0), 0.0F);
+  EXPECT_EQ(left(u"\u0627\u0628", 0), 80.0F);
+  EXPECT_EQ(left(u"\u0627\u0628", DT_CENTER), 40.0F);
+  EXPECT_EQ(left(u"\u0627\u0628", DT_NOCLIP), 0.0F) << "nothing says where the right is";
+}
+
+TEST_F(DrawingTest, AWindowThatBeginsJustAboveALineBeginsWithIt) {
+  const auto top = [&](std::int16_t from) {
+    engine.Draw([&] {
+      drawing.BeginText3D(0.14F);  // lines of 2.8
+      drawing.DrawText3D(Matrix4x4::Identity, Rect{0, from, 100, 20}, 0, Color(1), u"a\nb\nc\nd");
+    });
+    return engine.render.frame.vertices.at(0).position.z;
+  };
+  EXPECT_NEAR(top(0), 2.8F, 1e-4F);
+  EXPECT_NEAR(top(2), 0.0F, 1e-4F) << "2.8 cut down: the second line";
+  EXPECT_NEAR(top(8), -5.6F, 1e-4F) << "8.4: the fourth";
+  EXPECT_NEAR(top(1), 1.8F, 1e-4F) << "part of the first one";
+}
+
 TEST_F(DrawingTest, TheWindowCutsGlyphs) {
   engine.Draw([&] {
     drawing.BeginText3D(1.0F);
