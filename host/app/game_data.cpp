@@ -18,6 +18,12 @@ fs::path FolderOf(const fs::path& file) { return file.has_parent_path() ? file.p
 
 }  // namespace
 
+fs::path GameData::GameScript() const {
+  std::error_code problem;
+  const fs::path script = folder / "game.lua";
+  return fs::is_regular_file(script, problem) ? script : fs::path();
+}
+
 GameData MountGameData(const std::string& description, const std::vector<std::string>& places, PhysfsFiles& files) {
   std::error_code problem;
   const fs::path path(description);

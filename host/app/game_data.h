@@ -13,6 +13,9 @@ namespace qen::host {
 struct GameData {
   String description;            // the name of the GUI description in the data
   std::filesystem::path folder;  // where the GUI writes its files
+
+  // The script that plays the game's part, "game.lua" in the folder; empty when there is none.
+  [[nodiscard]] std::filesystem::path GameScript() const;
 };
 
 // Mounts the folder of a description that is a file, then each of `places` over it. Otherwise the description is a name

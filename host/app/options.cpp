@@ -17,7 +17,8 @@ constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =
     "In the window: Alt+Enter switches full screen, F12 writes a picture, Ctrl+S saves the active page over its own\n"
-    "definition and keeps the old one in the folder bak beside it.\n"
+    "definition and keeps the old one in the folder bak beside it; Tab or Right goes to the next widget, Shift+Tab or\n"
+    "Left to the one before.\n"
     "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
 
 [[noreturn]] void Refuse(const std::string& reason) { throw std::runtime_error(reason + " (see guihost --help)"); }
@@ -77,6 +78,8 @@ void Declare(CLI::App& app, Options& options) {
   app.add_option("--tour", options.tour, "Goes through the pages off screen and writes pictures into the folder")
       ->type_name("FOLDER");
   app.add_option("--trace", options.trace, "Writes every call into the engine, one JSON object a line")
+      ->type_name("FILE");
+  app.add_option("--game", options.game, "The script that plays the game's part; game.lua in the data without it")
       ->type_name("FILE");
   app.add_option("--script", options.script, "Runs a script that drives the GUI (docs/scripting.md), and ends")
       ->type_name("FILE");

@@ -27,6 +27,7 @@ struct Options {
   std::string language;
   std::vector<std::string> data;
   std::string module;
+  std::string game;
   std::string script;
   std::string testFolder;  // not empty: its scripts are run as tests, and nothing else is done
   bool realtime = false;

@@ -21,10 +21,9 @@ namespace qen::host {
 namespace {
 
 constexpr const char* kTourFolder = "shots";
-constexpr double kStep = 1.0 / 60.0;
 
 void SavePages(Stage& stage, const std::vector<PageSave>& saves) {
-  stage.Update(kStep);
+  stage.Update(Stage::kStep);
   for (const PageSave& save : saves) {
     const std::uint32_t page = PageNamed(stage.Gui(), base::ToUtf16(save.page));
     std::puts(SavePageAs(stage.Gui(), page, save.file).c_str());
@@ -45,6 +44,7 @@ void Play(const Options& options) {
   const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames && !savesPages);
   const bool takesTime = !offscreen && options.shot.empty();
   Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime});
+  Script game(stage, {.listens = false});
   if (savesPages) SavePages(stage, options.savedPages);
   if (playsTour) {
     PlayTour(stage, wantsTour ? options.tour : kTourFolder);
@@ -53,7 +53,7 @@ void Play(const Options& options) {
     stage.Draw();
     stage.WritePicture(options.shot);
   } else if (!savesPages || options.frames) {
-    RunWindowLoop(stage, options.frames);
+    RunWindowLoop(stage, game, options.frames);
   }
 }
 

@@ -48,6 +48,7 @@ class Stage {
   [[nodiscard]] const Camera& GetCamera() const { return camera_; }
   [[nodiscard]] bool HasQuit() const { return game_.HasQuit(); }
   [[nodiscard]] Game& GetGame() { return game_; }
+  [[nodiscard]] std::filesystem::path GameScript() const { return gameScript_; }  // empty for none
 
   [[nodiscard]] bool IsOffscreen() const { return offscreen_; }
 
@@ -87,6 +88,7 @@ class Stage {
   std::function<void(StringView)> logListener_;
   PhysfsFiles files_;
   GameData data_;
+  std::filesystem::path gameScript_;
   SdlWindow window_;
   GlRenderer renderer_;
   FreetypeFonts fonts_;

@@ -20,20 +20,24 @@ Vec3 Transform(const Vec3& point, const Matrix4x4& matrix) {
   return {moved.x, moved.y, moved.z};
 }
 
+// The first child whose name begins so, letter case aside; null when there is none.
+const TMNode* FindChild(const SimpleScene& scene, const TMNode* parent, StringView beginning) {
+  if (parent == nullptr) return nullptr;
+  for (const TMNode* node : scene.GetNodes()) {
+    if (node->parent == parent->position && ttolowercase(node->name).starts_with(beginning)) return node;
+  }
+  return nullptr;
+}
+
 // The mesh that a slide bar is dragged along.
 std::optional<HitBox> FindBar(const ICGUIObject& widget) {
   const ICGUIPageObject* page = widget.GetPage();
-  if (widget.node == nullptr || page == nullptr || page->scene == nullptr || page->instance == nullptr) return {};
-  for (const TMNode* node : page->scene->GetNodes()) {
-    if (node->parent != widget.node->position || node->mesh == nullptr) continue;
-    const String name = ttolowercase(node->name);
-    if (!name.starts_with(u"barx") && !name.starts_with(u"bary")) continue;
-    HitBox box;
-    box.local = node->mesh->GetAABB();
-    box.world = page->instance->nodeMatrices[node->position];
-    return box;
-  }
-  return std::nullopt;
+  if (page == nullptr || page->scene == nullptr || page->instance == nullptr) return std::nullopt;
+  const TMNode* bar = FindChild(*page->scene, widget.node, u"barx");
+  if (bar == nullptr) bar = FindChild(*page->scene, widget.node, u"bary");
+  const TMNode* shape = FindChild(*page->scene, bar, u"normal");
+  if (shape == nullptr || shape->mesh == nullptr) return std::nullopt;
+  return HitBox{shape->mesh->GetAABB(), page->instance->nodeMatrices[shape->position]};
 }
 
 }  // namespace

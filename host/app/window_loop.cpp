@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -44,13 +45,14 @@ std::filesystem::path NextPictureName() {
 
 class WindowLoop {
  public:
-  explicit WindowLoop(Stage& stage) : stage_(stage) {}
+  WindowLoop(Stage& stage, Script& game) : stage_(stage), game_(game) {}
 
   void Run(std::optional<std::uint32_t> frames) {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
       TakeInput();
       stage_.Update(Stage::kStep);
+      if (const auto failure = game_.TakeFailure()) std::fprintf(stderr, "guihost: %s\n", failure->c_str());
       stage_.Draw();
       stage_.Window().Swap();
       if (pictureWanted_) TakePicture();
@@ -92,10 +94,30 @@ class WindowLoop {
   }
 
   void HandleSpecial(const InputEvent& event) {
-    if (event.value == SDLK_RETURN && (event.modifiers & KMOD_ALT) != 0) stage_.Window().ToggleFullscreen();
-    if (event.value == SDLK_F12) pictureWanted_ = true;
-    if (event.value == SDLK_s && (event.modifiers & KMOD_CTRL) != 0) SaveActivePage();
+    struct Shortcut {
+      std::int32_t key;
+      int modifiers;  // one of these is held; 0: any or none
+      void (WindowLoop::*act)();
+    };
+    static constexpr std::array<Shortcut, 7> kShortcuts{{
+        {SDLK_RETURN, KMOD_ALT, &WindowLoop::ToggleFullscreen},
+        {SDLK_F12, 0, &WindowLoop::WantPicture},
+        {SDLK_s, KMOD_CTRL, &WindowLoop::SaveActivePage},
+        {SDLK_TAB, KMOD_SHIFT, &WindowLoop::FocusPrev},
+        {SDLK_TAB, 0, &WindowLoop::FocusNext},
+        {SDLK_LEFT, 0, &WindowLoop::FocusPrev},
+        {SDLK_RIGHT, 0, &WindowLoop::FocusNext},
+    }};
+    for (const Shortcut& shortcut : kShortcuts) {
+      if (shortcut.key != event.value) continue;
+      if (shortcut.modifiers == 0 || (event.modifiers & shortcut.modifiers) != 0) return (this->*shortcut.act)();
+    }
   }
+
+  void ToggleFullscreen() { stage_.Window().ToggleFullscreen(); }
+  void WantPicture() { pictureWanted_ = true; }
+  void FocusNext() { stage_.Gui().FocusNext(); }
+  void FocusPrev() { stage_.Gui().FocusPrev(); }
 
   void TakePicture() {
     pictureWanted_ = false;
@@ -124,12 +146,15 @@ class WindowLoop {
   }
 
   Stage& stage_;
+  Script& game_;
   bool closed_ = false;
   bool pictureWanted_ = false;
 };
 
 }  // namespace
 
-void RunWindowLoop(Stage& stage, std::optional<std::uint32_t> frames) { WindowLoop(stage).Run(frames); }
+void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames) {
+  WindowLoop(stage, game).Run(frames);
+}
 
 }  // namespace qen::host

@@ -5,10 +5,12 @@
 #include <optional>
 
 #include "host/app/stage.h"
+#include "host/script/script.h"
 
 namespace qen::host {
 
-// Until the window is closed, the GUI's "quit" is taken, or so many frames are over.
-void RunWindowLoop(Stage& stage, std::optional<std::uint32_t> frames);
+// Until the window is closed, the GUI's "quit" is taken, or so many frames are over. What the game's script fails with
+// is printed, and the game goes on.
+void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames);
 
 }  // namespace qen::host

@@ -13,8 +13,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+void WritePicture(ScriptWorld& world, const fs::path& file) {
+  if (file.has_parent_path()) fs::create_directories(file.parent_path());
+  world.GetStage().WritePicture(file);
+}
+
 int Shot(ScriptWorld& world, lua_State* state) {
-  world.GetStage().WritePicture(TextArgument(state, 1));
+  WritePicture(world, TextArgument(state, 1));
   return 0;
 }
 
@@ -23,7 +28,7 @@ int SameImage(ScriptWorld& world, lua_State* state) {
   const fs::path file = TextArgument(state, 1);
   const fs::path golden = TextArgument(state, 2);
   const double tolerance = luaL_optnumber(state, 3, kPictureTolerance);
-  world.GetStage().WritePicture(file);
+  WritePicture(world, file);
   if (world.RenewsPictures()) {
     fs::copy_file(file, golden, fs::copy_options::overwrite_existing);
     Push(state, true);
@@ -36,7 +41,7 @@ int SameImage(ScriptWorld& world, lua_State* state) {
     throw std::runtime_error(golden.string() + " cannot be compared: it is missing or of another size");
   }
   const bool same = found.IsWithin(tolerance);
-  if (!same) WritePicture(found.shown, difference);
+  if (!same) host::WritePicture(found.shown, difference);
   Push(state, same);
   return 1;
 }

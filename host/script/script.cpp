@@ -66,7 +66,10 @@ Script::Script(Stage& stage, const ScriptOptions& options) : state_(luaL_newstat
   WorldOf(state_.get()) = world_.get();
   lua_pushcfunction(state_.get(), OpenAll);
   if (lua_pcall(state_.get(), 0, 0, 0) != LUA_OK) Fail(state_.get());
+  if (!stage.GameScript().empty()) Run(stage.GameScript());
 }
+
+std::optional<std::string> Script::TakeFailure() { return world_->TakeFailure(); }
 
 Script::~Script() = default;
 

@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "host/app/stage.h"
 
@@ -15,10 +17,12 @@ class ScriptWorld;
 struct ScriptOptions {
   bool realtime = false;       // frames take as long as they last; otherwise they follow each other at once
   bool renewPictures = false;  // golden pictures are replaced instead of compared with
+  bool listens = true;         // sounds and tooltips are kept for the script, which costs some time each frame
 };
 
 class Script {
  public:
+  // Runs the game's script first. Throws as Run does.
   Script(Stage& stage, const ScriptOptions& options);
   ~Script();
   Script(const Script&) = delete;
@@ -27,6 +31,9 @@ class Script {
   // Throws std::runtime_error, with one line that names the file and the script's line, when the file cannot be read,
   // is no Lua, or fails.
   void Run(const std::filesystem::path& file);
+
+  // What a handler of the scripts failed with since the last call; nothing when none did.
+  std::optional<std::string> TakeFailure();
 
  private:
   struct Close {

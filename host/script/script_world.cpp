@@ -12,7 +12,8 @@
 namespace qen::host {
 
 ScriptWorld::ScriptWorld(Stage& stage, lua_State* state, const ScriptOptions& options)
-    : stage_(stage), state_(state), options_(options), tap_([this](const base::Call& call) { OnCall(call); }) {
+    : stage_(stage), state_(state), options_(options) {
+  if (options.listens) tap_.emplace([this](const base::Call& call) { OnCall(call); });
   stage_.GetGame().SetHook([this](GuiMessage& record) { return OnCommand(record); });
   stage_.SetLogListener([this](StringView line) { log_.push_back(base::ToUtf8(line)); });
 }
@@ -42,7 +43,7 @@ void ScriptWorld::Frame(double seconds) {
   } else {
     ShowFrame();
   }
-  if (failure_) throw HandlerFailure(*std::exchange(failure_, std::nullopt));
+  if (const auto failure = TakeFailure()) throw HandlerFailure(*failure);
 }
 
 void ScriptWorld::ShowFrame() {

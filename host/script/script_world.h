@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/call_record.h"
@@ -47,6 +48,8 @@ class ScriptWorld {
   // was closed.
   void Frame(double seconds);
 
+  std::optional<std::string> TakeFailure() { return std::exchange(failure_, std::nullopt); }  // of a handler
+
   // Calls the function on top of the stack, which it takes, for each command of that word.
   void SetHandler(const String& word);
 
@@ -73,7 +76,7 @@ class ScriptWorld {
   std::map<String, int, std::less<>> handlers_;  // references to Lua functions
   std::optional<std::string> failure_;           // of a handler, until the frame is over
   std::map<std::uint32_t, std::vector<std::unique_ptr<ScriptBagEntry>>> bags_;
-  base::CallTap tap_;
+  std::optional<base::CallTap> tap_;
 };
 
 }  // namespace qen::host

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <ostream>
 
 #include "host/app/picture_compare.h"
 #include "host/app/picture_file.h"
@@ -44,10 +45,16 @@ TEST_P(Golden, LooksAsBefore) {
       << difference << ": " << found.mean << " levels, " << found.farShare << " of the pixels clearly";
 }
 
+void PrintTo(const Shot& shot, std::ostream* out) { *out << shot.Name(); }
+
 INSTANTIATE_TEST_SUITE_P(Sample, Golden,
                          ::testing::Values(Shot{"main_menu", "640x480", "english"},
                                            Shot{"main_menu", "960x540", "german"}, Shot{"options", "640x480", "arabic"},
                                            Shot{"options", "640x480", "japanese"},
+                                           Shot{"load_game", "640x480", "german"},
+                                           Shot{"name_entry", "480x640", "japanese"}, Shot{"help", "640x480", "arabic"},
+                                           Shot{"help", "640x480", "japanese"}, Shot{"credits", "640x480", "english"},
+                                           Shot{"inventory", "640x480", "english"},
                                            Shot{"quit_dialog", "480x640", "english"}),
                          [](const auto& shot) { return shot.param.Name(); });
 

@@ -1,0 +1,57 @@
+-- Slide bars, check buttons, a radio group and the list of languages.
+gui.settle()
+gui.setpage("options")
+gui.settle()
+
+-- The slider follows the cursor while the button is held, and no longer.
+local volume = 0
+gui.on("volume", function(record) volume = gui.widget(record.source).position return true end)
+local bar = gui.widget("~smusic")
+gui.move(bar.x, bar.y)
+gui.frame()
+gui.press()
+gui.frame()
+check_equal(gui.widget("~smusic").position, 50, "the middle of the bar")
+gui.move(bar.x + 40, bar.y)
+gui.frame(2)
+local dragged = gui.widget("~smusic").position
+check(dragged > 50, "dragged to the right")
+check_equal(volume, dragged, "the game hears of it")
+gui.release()
+gui.frame()
+gui.move(bar.x - 40, bar.y)
+gui.frame()
+check_equal(gui.widget("~smusic").position, dragged, "let go")
+
+-- The wheel steps by a tenth of the range.
+gui.wheel(120)
+check_equal(gui.widget("~smusic").position, dragged + 10)
+gui.wheel(-120)
+check_equal(gui.widget("~smusic").position, dragged)
+
+-- A click turns a check button over, and of a group one stays checked.
+local before = gui.widget("~cfullscreen").checked
+gui.click("~cfullscreen")
+check_equal(gui.widget("~cfullscreen").checked, not before)
+local function difficulty()
+  local names = {}
+  for _, name in ipairs { "~cgentle", "~cbold", "~cfearless" } do
+    if gui.widget(name).checked then names[#names + 1] = name end
+  end
+  return names
+end
+for _, name in ipairs { "~cfearless", "~cgentle", "~cgentle", "~cbold" } do
+  gui.click(name)
+  gui.frame()
+  check_equal(difficulty(), { name })
+end
+
+-- The second row of the list is German.
+local list = gui.widget("~llanguage")
+check_equal(#list.items, 4)
+gui.move(list.x, list.y)
+gui.frame()
+gui.press() gui.frame() gui.release() gui.frame(2)
+check_equal(gui.list("~llanguage"):selected(), { 2 })
+check_equal(gui.language(), "german")
+check_equal(gui.widget("~theading").text, "Optionen")
