@@ -1,35 +1,25 @@
-// Frame times on screen.
+// Frame times.
 #pragma once
 
 #include <array>
 #include <chrono>
 #include <cstddef>
 
-namespace qen {
-class Font;
-}
+#include "engine/types.h"
 
 namespace qen::host {
 
-// Needs the engine before and after.
 class FrameTimes {
  public:
-  FrameTimes();
-  ~FrameTimes();
-  FrameTimes(const FrameTimes&) = delete;
-  FrameTimes& operator=(const FrameTimes&) = delete;
-
-  // Draws how long the last second's worth of frames took: on average and at worst. Once a frame, where it is drawn.
-  void Draw();
+  String NextFrame();  // called once a frame; a line about the last ones
 
  private:
   using Clock = std::chrono::steady_clock;
   static constexpr std::size_t kFrames = 60;
 
-  Font* font_;  // null when there is none: nothing is drawn
+  std::array<double, kFrames> milliseconds_{};  // of the last frames, in turn
+  std::size_t count_ = 0;
   Clock::time_point last_ = Clock::now();
-  std::array<double, kFrames> milliseconds_{};
-  std::size_t count_ = 0;  // frames seen
 };
 
 }  // namespace qen::host

@@ -16,9 +16,9 @@ constexpr std::int32_t kMaxSide = 16384;
 constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =
-    "In the window: Alt+Enter switches full screen, F12 writes a picture, Ctrl+S saves the active page over its own\n"
-    "definition and keeps the old one in the folder bak beside it; Tab or Right goes to the next widget, Shift+Tab or\n"
-    "Left to the one before.\n"
+    "In the window, F1 shows the keys. Ctrl+S saves the active page over its own definition and keeps the old one in "
+    "the\n"
+    "folder bak beside it.\n"
     "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
 
 [[noreturn]] void Refuse(const std::string& reason) { throw std::runtime_error(reason + " (see guihost --help)"); }
@@ -92,6 +92,7 @@ void Declare(CLI::App& app, Options& options) {
       ->allow_extra_args(false);
   app.add_option("--module", options.module, "The GUI module, found beside the program without it")->type_name("FILE");
   app.add_flag("--fps", options.fps, "Shows frame times on screen");
+  app.add_flag("--watch", options.watch, "Loads the GUI anew when its files change on the disk");
   app.add_option("--frames", options.frames, "Ends after so many frames")->type_name("N");
   CLI::App* test = app.add_subcommand("test", "Runs every script of a folder as a test, each with a GUI of its own");
   test->add_option("FOLDER", options.testFolder, "Where the scripts are")->required();

@@ -33,6 +33,7 @@ struct Options {
   bool realtime = false;
   bool update = false;
   bool fps = false;
+  bool watch = false;
   std::optional<std::uint32_t> frames;
 };
 

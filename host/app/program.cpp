@@ -36,6 +36,13 @@ void PlayScript(const Options& options) {
   Script(stage, {.realtime = options.realtime, .renewPictures = options.update}).Run(options.script);
 }
 
+std::vector<std::filesystem::path> WatchedPlaces(const Stage& stage, const Options& options) {
+  if (!options.watch) return {};
+  std::vector<std::filesystem::path> places{stage.DataFolder()};
+  places.insert(places.end(), options.data.begin(), options.data.end());
+  return places;
+}
+
 void Play(const Options& options) {
   if (!options.script.empty()) return PlayScript(options);
   const bool wantsTour = !options.tour.empty();
@@ -53,7 +60,7 @@ void Play(const Options& options) {
     stage.Draw();
     stage.WritePicture(options.shot);
   } else if (!savesPages || options.frames) {
-    RunWindowLoop(stage, game, options.frames);
+    RunWindowLoop(stage, game, options.frames, WatchedPlaces(stage, options));
   }
 }
 

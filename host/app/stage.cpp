@@ -8,7 +8,10 @@
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
 #include "engine/output.h"
+#include "engine/string_converter.h"
 #include "engine/system.h"
+#include "host/app/data_check.h"
+#include "host/app/gui_state.h"
 #include "host/app/page_report.h"
 #include "host/app/pages.h"
 #include "host/app/picture_file.h"
@@ -135,7 +138,32 @@ void Stage::DrawPages() {
   engine_.BeginFrame();
   Send(message::kRender, 0, reinterpret_cast<std::uintptr_t>(&viewport_));
   Gui().DrawTooltip(&viewport_);
-  if (frameTimes_) frameTimes_->Draw();
+  DrawScreenText();
+}
+
+void Stage::DrawScreenText() {
+  std::vector<String> lines = keys_;
+  if (frameTimes_) lines.push_back(frameTimes_->NextFrame());
+  lines.insert(lines.end(), notice_.begin(), notice_.end());
+  if (lines.empty()) return;
+  constexpr std::int32_t kTop = 8;
+  if (!screenText_) screenText_.emplace();
+  screenText_->Draw(lines, kTop);
+}
+
+void Stage::ShowKeys(StringView keys) { keys_ = keys.empty() ? std::vector<String>() : SplitString(keys, u"\n", 0); }
+
+void Stage::Reload() {
+  const std::string fault = FindFault(data_.description, files_, scenes_);
+  notice_.clear();
+  if (!fault.empty()) {
+    notice_.push_back(base::ToUtf16("not loaded: " + fault));
+    throw std::runtime_error("not loaded: " + fault);
+  }
+  const GuiState state(Gui());
+  Gui().Release();
+  LoadDescription(data_.description);
+  state.Restore(Gui());
 }
 
 void Stage::Draw() {

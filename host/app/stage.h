@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/clock.h"
 #include "base/engine.h"
@@ -17,6 +18,7 @@
 #include "host/app/game_data.h"
 #include "host/app/module_library.h"
 #include "host/app/options.h"
+#include "host/app/screen_text.h"
 #include "host/files/physfs_files.h"
 #include "host/fonts/freetype_fonts.h"
 #include "host/render/gl_renderer.h"
@@ -48,9 +50,18 @@ class Stage {
   [[nodiscard]] const Camera& GetCamera() const { return camera_; }
   [[nodiscard]] bool HasQuit() const { return game_.HasQuit(); }
   [[nodiscard]] Game& GetGame() { return game_; }
-  [[nodiscard]] std::filesystem::path GameScript() const { return gameScript_; }  // empty for none
+  [[nodiscard]] const std::filesystem::path& GameScript() const { return gameScript_; }  // empty for none
 
   [[nodiscard]] bool IsOffscreen() const { return offscreen_; }
+
+  [[nodiscard]] const std::filesystem::path& DataFolder() const { return data_.folder; }
+
+  // Loads everything anew and shows again what was shown. When something cannot be loaded, all stays as it is, with a
+  // line on screen that says why, and std::runtime_error is thrown with that line.
+  void Reload();
+
+  void ShowKeys(StringView keys);  // a text of lines over the GUI; empty for none
+  [[nodiscard]] bool ShowsKeys() const { return !keys_.empty(); }
 
   // Hears of every line of the log as well; null for nobody.
   void SetLogListener(std::function<void(StringView line)> listener) { logListener_ = std::move(listener); }
@@ -81,6 +92,7 @@ class Stage {
   void ShowFirstPage(StringView name) const;
   void PlaceTextField();
   void DrawPages();
+  void DrawScreenText();
 
   bool offscreen_;
   bool quiet_;
@@ -102,6 +114,9 @@ class Stage {
   Viewport viewport_;
   ModuleLibrary module_;
   std::optional<FrameTimes> frameTimes_;
+  std::vector<String> keys_;
+  std::vector<String> notice_;
+  std::optional<ScreenText> screenText_;  // made when there is something to say
 };
 
 }  // namespace qen::host

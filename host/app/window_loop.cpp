@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "engine/messages.h"
+#include "host/app/file_watch.h"
 #include "host/app/page_saver.h"
 
 namespace qen::host {
@@ -21,6 +22,15 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kShortestFrame{4};  // where the display does not set the pace
 constexpr std::chrono::milliseconds kHiddenFrame{100};
 constexpr std::int32_t kMainButton = 1;
+
+constexpr StringView kKeys =
+    u"F1  these keys\n"
+    u"F5  loads everything anew\n"
+    u"F12  writes a picture\n"
+    u"Tab, Right  the next widget\n"
+    u"Shift+Tab, Left  the widget before\n"
+    u"Ctrl+S  saves the active page\n"
+    u"Alt+Enter  full screen";
 
 // The GUI knows the main button and others.
 std::uint32_t ToButton(std::int32_t button) { return button == kMainButton ? 1 : 2; }
@@ -45,12 +55,15 @@ std::filesystem::path NextPictureName() {
 
 class WindowLoop {
  public:
-  WindowLoop(Stage& stage, Script& game) : stage_(stage), game_(game) {}
+  WindowLoop(Stage& stage, Script& game, std::vector<std::filesystem::path> watched) : stage_(stage), game_(game) {
+    if (!watched.empty()) watch_.emplace(std::move(watched));
+  }
 
   void Run(std::optional<std::uint32_t> frames) {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
       TakeInput();
+      if (watch_ && watch_->HasChanged()) Reload();
       stage_.Update(Stage::kStep);
       if (const auto failure = game_.TakeFailure()) std::fprintf(stderr, "guihost: %s\n", failure->c_str());
       stage_.Draw();
@@ -99,7 +112,9 @@ class WindowLoop {
       int modifiers;  // one of these is held; 0: any or none
       void (WindowLoop::*act)();
     };
-    static constexpr std::array<Shortcut, 7> kShortcuts{{
+    static constexpr std::array<Shortcut, 9> kShortcuts{{
+        {SDLK_F1, 0, &WindowLoop::SwitchKeys},
+        {SDLK_F5, 0, &WindowLoop::Reload},
         {SDLK_RETURN, KMOD_ALT, &WindowLoop::ToggleFullscreen},
         {SDLK_F12, 0, &WindowLoop::WantPicture},
         {SDLK_s, KMOD_CTRL, &WindowLoop::SaveActivePage},
@@ -112,6 +127,16 @@ class WindowLoop {
       if (shortcut.key != event.value) continue;
       if (shortcut.modifiers == 0 || (event.modifiers & shortcut.modifiers) != 0) return (this->*shortcut.act)();
     }
+  }
+
+  void SwitchKeys() { stage_.ShowKeys(stage_.ShowsKeys() ? StringView() : kKeys); }
+
+  void Reload() {
+    Report([this] {
+      stage_.Reload();
+      game_.RunGame();
+      return std::string("loaded anew");
+    });
   }
 
   void ToggleFullscreen() { stage_.Window().ToggleFullscreen(); }
@@ -147,14 +172,16 @@ class WindowLoop {
 
   Stage& stage_;
   Script& game_;
+  std::optional<FileWatch> watch_;
   bool closed_ = false;
   bool pictureWanted_ = false;
 };
 
 }  // namespace
 
-void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames) {
-  WindowLoop(stage, game).Run(frames);
+void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames,
+                   std::vector<std::filesystem::path> watched) {
+  WindowLoop(stage, game, std::move(watched)).Run(frames);
 }
 
 }  // namespace qen::host

@@ -33,6 +33,11 @@ int Unload(ScriptWorld& world, lua_State*) {
   return 0;
 }
 
+int Reload(ScriptWorld& world, lua_State*) {
+  world.GetStage().Reload();
+  return 0;
+}
+
 int SetPage(ScriptWorld& world, lua_State* state) {
   world.Gui().SetPage(PageNamed(world.Gui(), WideArgument(state, 1)));
   return 0;
@@ -80,9 +85,10 @@ int Settle(ScriptWorld& world, lua_State* state) {
   return 0;
 }
 
-constexpr std::array<ScriptFunction, 9> kFunctions{{
+constexpr std::array<ScriptFunction, 10> kFunctions{{
     {"load", Load},
     {"unload", Unload},
+    {"reload", Reload},
     {"setpage", SetPage},
     {"command", PostText},
     {"pages", Pages},

@@ -66,7 +66,12 @@ Script::Script(Stage& stage, const ScriptOptions& options) : state_(luaL_newstat
   WorldOf(state_.get()) = world_.get();
   lua_pushcfunction(state_.get(), OpenAll);
   if (lua_pcall(state_.get(), 0, 0, 0) != LUA_OK) Fail(state_.get());
-  if (!stage.GameScript().empty()) Run(stage.GameScript());
+  RunGame();
+}
+
+void Script::RunGame() {
+  const std::filesystem::path& file = world_->GetStage().GameScript();
+  if (!file.empty()) Run(file);
 }
 
 std::optional<std::string> Script::TakeFailure() { return world_->TakeFailure(); }

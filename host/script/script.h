@@ -24,6 +24,8 @@ class Script {
  public:
   // Runs the game's script first. Throws as Run does.
   Script(Stage& stage, const ScriptOptions& options);
+
+  void RunGame();  // the game's script once more, after the GUI was loaded anew
   ~Script();
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;

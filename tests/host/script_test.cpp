@@ -108,6 +108,37 @@ TEST_F(ScriptTest, ComparesPictures) {
   EXPECT_THAT(FailureOf("gui.same_image('now.png', 'none.png')"), HasSubstr("none.png"));
 }
 
+TEST_F(ScriptTest, LoadsAnewWhatHasChanged) {
+  EXPECT_EQ(Play(R"(
+    gui.settle()
+    gui.language("german")
+    gui.setpage("second")
+    gui.settle()
+    gui.set("first/~bsquare", "position", 7)
+    local function write(name, text)
+      local file = assert(io.open(name, "w"))
+      file:write(text)
+      file:close()
+    end
+    write("Lang.txt", 'lang english { str1 One } lang german { str1 "Eins neu" }')
+    gui.reload()
+    check_equal(gui.text(1), "Eins neu", "the words are new")
+    check_equal(gui.active(), {"second"}, "the page is the same")
+    check_equal(gui.rendered(), {"second"})
+    check_equal(gui.widget("first/~bsquare").position, 7, "values are the same")
+
+    for _, fault in ipairs { {"Scenes/Second.glb", "scenes\\second.glb: "}, {"Pages/First.txt", "first.txt names no scene"} } do
+      write(fault[1], "junk")
+      local done, why = pcall(gui.reload)
+      check(not done and why:find(fault[2], 1, true), why)
+      check_equal(gui.active(), {"second"}, "the last good GUI stays")
+      gui.frame(2)
+    end
+  )"),
+            0)
+      << err;
+}
+
 TEST_F(ScriptTest, ManyAreTests) {
   folder.Write("Checks/one.lua", "gui.settle() check_equal(gui.active(), {'first'}) gui.setpage('second')");
   folder.Write("Checks/two.lua", "gui.settle() check_equal(gui.active(), {'first'}) -- a fresh GUI");
