@@ -41,7 +41,7 @@ PictureDifference ComparePictures(const std::filesystem::path& file, const std::
     }
     if (largest > kClearly) ++far;
   }
-  const auto pixels = static_cast<double>(a->rgba.size() / kChannels);
+  const double pixels = static_cast<double>(a->rgba.size()) / kChannels;
   result.mean = sum / (pixels * kColors);
   result.farShare = static_cast<double>(far) / pixels;
   return result;
