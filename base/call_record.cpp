@@ -51,8 +51,13 @@ void EmitCall(const Call& call) {
   for (const CallTap* tap : Taps()) tap->sink_(call);
 }
 
-void NameObject(const void* object, StringView name) { Names()[object] = name; }
-void ForgetObject(const void* object) { Names().erase(object); }
+void NameObject(const void* object, StringView name) {
+  if (!Taps().empty()) Names()[object] = name;
+}
+
+void ForgetObject(const void* object) {
+  if (!Names().empty()) Names().erase(object);
+}
 
 CallArgument ToArgument(StringView text) { return ToUtf8(text); }
 CallArgument ToArgument(const Char* text) { return text == nullptr ? std::string() : ToUtf8(text); }

@@ -31,8 +31,8 @@ class RecordPause {
   bool was_;
 };
 
-// Objects appear in the record under the names they were given; "" without one. Names are kept by address until
-// forgotten.
+// Objects appear in the record under the names they were given while something was recorded; "" without one. Names are
+// kept by address until forgotten.
 void NameObject(const void* object, StringView name);
 void ForgetObject(const void* object);
 
