@@ -12,7 +12,7 @@ namespace qen::base {
 
 // UTF-16LE or UTF-8, told apart by what is in the file. Byte order marks become U+FEFF; a last odd byte of UTF-16 is
 // ignored.
-String DecodeText(std::span<const std::uint8_t> bytes);
+QEN_API String DecodeText(std::span<const std::uint8_t> bytes);
 
 class FileService final : public IVFS {
  public:

@@ -1,39 +1,21 @@
 #include "host/app/data_check.h"
 
-#include <algorithm>
-#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <optional>
-#include <sstream>
 #include <vector>
 
 #include "base/utf.h"
-#include "engine/parser.h"
-#include "engine/system.h"
-#include "engine/vfs.h"
+#include "host/app/definition_tokens.h"
 
 namespace qen::host {
 namespace {
 
-constexpr const Char* kSeparators = u" \t\n\r;\uFEFF";
+using Tokens = std::vector<String>;
 
-std::optional<String> ReadDefinition(const String& file) {
-  Char* buffer = nullptr;
-  std::uint32_t size = 0;
-  if (!System::vfs->ReadFile(file.c_str(), buffer, size)) return std::nullopt;
-  const std::unique_ptr<Char[]> owned(buffer);
-  return String(buffer, size / sizeof(Char));
-}
-
-// The values of the keys, in their order; a definition's item blocks are not looked into.
+// The keys in front of the item blocks with their values, in their order.
 template <class Visit>
-void ForEachValue(const String& text, Visit visit) {
-  std::basic_istringstream<Char> stream(text);
-  Parser parser(stream, kSeparators);
-  for (String key = parser.nextlow(false); !key.empty() && key != u"item"; key = parser.nextlow(false)) {
-    visit(key, parser.nextlow(false));
-  }
+void ForEachValue(const Tokens& tokens, Visit visit) {
+  for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != u"item"; i += 2) visit(tokens[i], tokens[i + 1]);
 }
 
 class DataCheck {
@@ -41,13 +23,13 @@ class DataCheck {
   DataCheck(base::IFileBackend& files, base::ISceneBackend& scenes) : files_(files), scenes_(scenes) {}
 
   std::string CheckDescription(const String& file) {
-    const auto text = ReadDefinition(file);
-    if (!text) return Unreadable(file);
+    const auto tokens = ReadTokens(files_, file);
+    if (!tokens) return Unreadable(file);
     std::string fault;
-    ForEachValue(*text, [&](const String& key, const String& value) {
+    ForEachValue(*tokens, [&](const String& key, const String& value) {
       if (!fault.empty()) return;
       if (key == u"name" || key == u"bagname") fault = CheckPage(value);
-      if ((key == u"lang" || key == u"tool") && !ReadDefinition(value)) fault = Unreadable(value);
+      if ((key == u"lang" || key == u"tool") && !files_.Read(value, bytes_)) fault = Unreadable(value);
     });
     return fault;
   }
@@ -56,11 +38,11 @@ class DataCheck {
   static std::string Unreadable(const String& file) { return base::ToUtf8(file) + " cannot be read"; }
 
   std::string CheckPage(const String& file) {
-    const auto text = ReadDefinition(file);
-    if (!text) return Unreadable(file);
+    const auto tokens = ReadTokens(files_, file);
+    if (!tokens) return Unreadable(file);
     std::string fault;
     bool named = false;
-    ForEachValue(*text, [&](const String& key, const String& value) {
+    ForEachValue(*tokens, [&](const String& key, const String& value) {
       if (!fault.empty()) return;
       if (key == u"name") fault = CheckScene(value);
       if (key.starts_with(u"anim")) fault = CheckAnimation(value);

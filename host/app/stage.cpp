@@ -72,7 +72,7 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
 
 bool Stage::LoadDescription(const String& file) {
   const bool loaded = Gui().Load(file.c_str(), &camera_);
-  ReportIncompletePages(Gui(), [](const std::string& line) { WarnInLog(base::ToUtf16(line)); });
+  ReportIncompletePages(Gui(), files_, [](const std::string& line) { WarnInLog(base::ToUtf16(line)); });
   Gui().SetViewport(&viewport_);
   Send(message::kMouseMove);  // the GUI asks where the cursor is
   return loaded;

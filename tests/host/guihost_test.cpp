@@ -65,6 +65,15 @@ TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
   EXPECT_THAT(Complaint("Empty.txt"), HasSubstr("names no pages"));
 }
 
+TEST_F(GuihostTest, TellsWhatAnArtistHasForgotten) {
+  WriteSmallGui();
+  folder.Write("Pages/First.txt",
+               "name scenes\\first.glb item ~bSquare { message setpage:third.glb } item ~bCircle { textid 1 }");
+  ASSERT_EQ(Run("Gui.txt --frames 1 --size 16x16"), 0);
+  EXPECT_THAT(err, HasSubstr("first.txt: ~bsquare names a page that does not exist: third.glb"));
+  EXPECT_THAT(err, HasSubstr("first.txt: no widget ~bCircle in scenes\\first.glb"));
+}
+
 TEST_F(GuihostTest, NamesWhatCannotBeWritten) {
   WriteSmallGui();
   EXPECT_THAT(Complaint("Gui.txt --shot nosuch/a.png"), HasSubstr("nosuch/a.png"));
