@@ -30,7 +30,7 @@ std::string DefaultModuleFile() {
     void operator()(char* text) const { SDL_free(text); }
   };
   const std::unique_ptr<char, Free> folder(SDL_GetBasePath());
-  return (fs::path(folder == nullptr ? "" : folder.get()) / ".." / "lib" / GUIHOST_MODULE).lexically_normal().string();
+  return (fs::path(folder == nullptr ? "" : folder.get()) / GUIHOST_MODULE).lexically_normal().string();
 }
 
 void ModuleLibrary::Unload::operator()(void* library) const { SDL_UnloadObject(library); }
