@@ -9,7 +9,7 @@
 namespace qen::host {
 
 // Looks at names, sizes and times of all files below some folders; a place that is a file is looked at itself. Backups
-// and files that are being written are left out.
+// and files that are being written are left out. Without places nothing ever changes.
 class FileWatch {
  public:
   explicit FileWatch(std::vector<std::filesystem::path> places);

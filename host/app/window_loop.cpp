@@ -55,15 +55,14 @@ std::filesystem::path NextPictureName() {
 
 class WindowLoop {
  public:
-  WindowLoop(Stage& stage, Script& game, std::vector<std::filesystem::path> watched) : stage_(stage), game_(game) {
-    if (!watched.empty()) watch_.emplace(std::move(watched));
-  }
+  WindowLoop(Stage& stage, Script& game, std::vector<std::filesystem::path> watched)
+      : stage_(stage), game_(game), watch_(std::move(watched)) {}
 
   void Run(std::optional<std::uint32_t> frames) {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
       TakeInput();
-      if (watch_ && watch_->HasChanged()) Reload();
+      if (watch_.HasChanged()) Reload();
       stage_.Update(Stage::kStep);
       if (const auto failure = game_.TakeFailure()) std::fprintf(stderr, "guihost: %s\n", failure->c_str());
       stage_.Draw();
@@ -172,7 +171,7 @@ class WindowLoop {
 
   Stage& stage_;
   Script& game_;
-  std::optional<FileWatch> watch_;
+  FileWatch watch_;
   bool closed_ = false;
   bool pictureWanted_ = false;
 };
