@@ -31,12 +31,14 @@ GuiState::GuiState(IGui& gui)
       rendered_(NamesOf(gui, gui.GetRenderPages())) {
   for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
     const ICGUIPageObject& object = *gui.GetPage(page);
-    for (ICGUIObject* widget : object.items) widgets_.push_back(Remember(object.baseName, *widget));
+    for (ICGUIObject* widget : object.items) {
+      widgets_.insert_or_assign({object.baseName, widget->info->name}, Remember(*widget));
+    }
   }
 }
 
-GuiState::Widget GuiState::Remember(const String& page, ICGUIObject& widget) {
-  Widget kept{page, widget.info->name, widget.info->checked, widget.info->position, {}, {}};
+GuiState::Widget GuiState::Remember(ICGUIObject& widget) {
+  Widget kept{widget.info->checked, widget.info->position, {}, {}};
   if (auto* text = dynamic_cast<ICGUIText*>(&widget)) kept.edited = text->GetEditText();
   if (auto* list = dynamic_cast<ICGUIList*>(&widget)) list->GetSelectedIndices(kept.selected);
   return kept;
@@ -44,11 +46,11 @@ GuiState::Widget GuiState::Remember(const String& page, ICGUIObject& widget) {
 
 void GuiState::Restore(IGui& gui) const {
   gui.SetLanguage(language_);
-  for (const Widget& kept : widgets_) {
-    const std::int32_t page = gui.FindPage(kept.page);
-    if (page < 0) continue;
-    for (ICGUIObject* widget : gui.GetPage(static_cast<std::uint32_t>(page))->items) {
-      if (widget->info->name == kept.name) PutBack(kept, *widget);
+  for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) {
+    const ICGUIPageObject& object = *gui.GetPage(page);
+    for (ICGUIObject* widget : object.items) {
+      const auto kept = widgets_.find({object.baseName, widget->info->name});
+      if (kept != widgets_.end()) PutBack(kept->second, *widget);
     }
   }
   gui.GetActivePages() = PagesNamed(gui, active_);

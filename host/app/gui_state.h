@@ -2,7 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "engine/gui.h"
@@ -21,21 +22,19 @@ class GuiState {
 
  private:
   struct Widget {
-    String page;
-    String name;
     std::uint32_t checked = 0;
     std::int32_t position = 0;
     String edited;
     std::vector<std::uint32_t> selected;
   };
 
-  static Widget Remember(const String& page, ICGUIObject& widget);
+  static Widget Remember(ICGUIObject& widget);
   static void PutBack(const Widget& kept, ICGUIObject& widget);
 
   String language_;
   std::vector<String> active_;
   std::vector<String> rendered_;
-  std::vector<Widget> widgets_;
+  std::map<std::pair<String, String>, Widget> widgets_;  // by the names of page and widget
 };
 
 }  // namespace qen::host

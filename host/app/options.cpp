@@ -16,9 +16,8 @@ constexpr std::int32_t kMaxSide = 16384;
 constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =
-    "In the window, F1 shows the keys. Ctrl+S saves the active page over its own definition and keeps the old one in "
-    "the\n"
-    "folder bak beside it.\n"
+    "In the window, F1 shows the keys. Ctrl+S saves the active page over its own definition and keeps the old\n"
+    "one in the folder bak beside it.\n"
     "Without a display, or with --offscreen and nothing else to do, the tour is played into ./shots.";
 
 [[noreturn]] void Refuse(const std::string& reason) { throw std::runtime_error(reason + " (see guihost --help)"); }

@@ -42,19 +42,21 @@ std::vector<String> ItemsWithoutWidget(const ICGUIPageObject& page, base::IFileB
 }
 
 // The page that a command text names although there is none of that name; empty when all is well.
-String UnknownPage(IGui& gui, const String& command) {
+String UnknownPage(const std::set<String>& pages, const String& command) {
   constexpr std::array<StringView, 5> kWords{u"setpage", u"addrenderpage", u"remrenderpage", u"addactivepage",
                                              u"remactivepage"};
   std::vector<String> parts = SplitString(command, u":\n", 0);
   parts.resize(2);
-  if (std::ranges::find(kWords, parts[0]) == kWords.end() || gui.FindPage(parts[1]) >= 0) return {};
+  if (std::ranges::find(kWords, parts[0]) == kWords.end() || pages.contains(parts[1])) return {};
   return parts[1];
 }
 
 class Report {
  public:
   Report(IGui& gui, base::IFileBackend& files, const std::function<void(const std::string& line)>& print)
-      : gui_(gui), files_(files), print_(print) {}
+      : files_(files), print_(print) {
+    for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pageNames_.insert(gui.GetPageName(page));
+  }
 
   void OnPage(const ICGUIPageObject& page) {
     const std::string place = base::ToUtf8(page.fileName) + ": ";
@@ -70,12 +72,12 @@ class Report {
     const std::string node = MissingNode(widget);
     if (!node.empty()) print_(place + " has no node \"" + node + "\"");
     for (const auto& record : widget.info->messages) {
-      const String page = UnknownPage(gui_, record->text);
+      const String page = UnknownPage(pageNames_, record->text);
       if (!page.empty()) print_(place + " names a page that does not exist: " + base::ToUtf8(page));
     }
   }
 
-  IGui& gui_;
+  std::set<String> pageNames_;
   base::IFileBackend& files_;
   const std::function<void(const std::string& line)>& print_;
 };

@@ -38,25 +38,44 @@ std::uint32_t PageNamed(IGui& gui, StringView name) {
   throw std::runtime_error("there is no page " + base::ToUtf8(name) + ", only: " + known);
 }
 
-ICGUIObject& FindWidget(IGui& gui, StringView name) {
-  const std::size_t slash = name.rfind(u'/');
-  const bool onPage = slash != StringView::npos;
-  const String wanted = ttolowercase(name.substr(onPage ? slash + 1 : 0));
-  std::vector<std::uint32_t> pages;
-  if (onPage) {
-    pages = {PageNamed(gui, name.substr(0, slash))};
-  } else {
-    pages = gui.GetActivePages();
-    for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pages.push_back(page);
-  }
+std::vector<std::uint32_t> ActiveThenAll(IGui& gui) {
+  std::vector<std::uint32_t> pages = gui.GetActivePages();
+  for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pages.push_back(page);
+  return pages;
+}
+
+ICGUIObject* FindFirstWidget(IGui& gui, const std::vector<std::uint32_t>& pages,
+                             const std::function<bool(ICGUIObject& widget)>& isWanted) {
   for (const std::uint32_t page : pages) {
     const ICGUIPageObject* object = gui.GetPage(page);
     if (object == nullptr) continue;
     for (ICGUIObject* widget : object->items) {
-      if (widget->info != nullptr && widget->info->name == wanted) return *widget;
+      if (isWanted(*widget)) return widget;
     }
   }
-  throw std::runtime_error("there is no widget " + base::ToUtf8(name));
+  return nullptr;
+}
+
+ICGUIObject& FindWidget(IGui& gui, StringView name) {
+  const std::size_t slash = name.rfind(u'/');
+  const bool onPage = slash != StringView::npos;
+  const String wanted = ttolowercase(name.substr(onPage ? slash + 1 : 0));
+  const std::vector<std::uint32_t> pages =
+      onPage ? std::vector{PageNamed(gui, name.substr(0, slash))} : ActiveThenAll(gui);
+  ICGUIObject* found =
+      FindFirstWidget(gui, pages, [&wanted](const ICGUIObject& widget) { return widget.info->name == wanted; });
+  if (found == nullptr) throw std::runtime_error("there is no widget " + base::ToUtf8(name));
+  return *found;
+}
+
+bool Settle(IGui& gui, std::int32_t longest, const std::function<void()>& step) {
+  constexpr int kQuietSteps = 3;  // commands that waited for an animation are carried out in the step after its end
+  int quiet = 0;
+  for (std::int32_t taken = 0; taken < longest && quiet < kQuietSteps; ++taken) {
+    step();
+    quiet = FindPlayingAnim(gui) == nullptr ? quiet + 1 : 0;
+  }
+  return quiet == kQuietSteps;
 }
 
 ICGUIAnim* FindPlayingAnim(IGui& gui) {
@@ -67,14 +86,8 @@ ICGUIAnim* FindPlayingAnim(IGui& gui) {
 }
 
 ICGUIText* FindEditedText(IGui& gui) {
-  for (const std::uint32_t page : gui.GetActivePages()) {
-    const ICGUIPageObject* active = gui.GetPage(page);
-    if (active == nullptr) continue;
-    for (ICGUIObject* widget : active->items) {
-      if (widget->state == widget_state::kEditing) return dynamic_cast<ICGUIText*>(widget);
-    }
-  }
-  return nullptr;
+  return dynamic_cast<ICGUIText*>(FindFirstWidget(
+      gui, gui.GetActivePages(), [](const ICGUIObject& widget) { return widget.state == widget_state::kEditing; }));
 }
 
 ICGUIObject* FindLiving(IGui& gui, const ICGUIObject* object) {

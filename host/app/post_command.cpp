@@ -1,32 +1,18 @@
 #include "host/app/post_command.h"
 
 #include <memory>
-#include <optional>
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
 #include "engine/ray.h"
+#include "host/app/pages.h"
 #include "host/app/widget_place.h"
 
 namespace qen::host {
 namespace {
-
-ICGUIObject* FindButton(IGui& gui) {
-  std::vector<std::uint32_t> pages = gui.GetActivePages();
-  for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pages.push_back(page);
-  for (const std::uint32_t page : pages) {
-    const ICGUIPageObject* object = gui.GetPage(page);
-    if (object == nullptr) continue;
-    for (ICGUIObject* widget : object->items) {
-      if (widget->info->type == widget_type::kButton && FindHitBox(*widget)) return widget;
-    }
-  }
-  return nullptr;
-}
 
 // From the middle of the button's box, which it meets wherever the button stands.
 Ray RayInto(ICGUIObject& button) {
@@ -41,7 +27,9 @@ Ray RayInto(ICGUIObject& button) {
 // The GUI has no door for this, so a button lends itself: for one update it carries this command alone, is clicked, and
 // makes no sound.
 void PostCommand(IGui& gui, const String& text) {
-  ICGUIObject* button = FindButton(gui);
+  ICGUIObject* button = FindFirstWidget(gui, ActiveThenAll(gui), [](ICGUIObject& widget) {
+    return widget.info->type == widget_type::kButton && FindHitBox(widget);
+  });
   if (button == nullptr) throw std::runtime_error("no button can carry the command " + base::ToUtf8(text));
   ItemInfo& info = *button->info;
   const auto silently = [](std::int32_t& sound) { return std::exchange(sound, sound_kind::kNone); };

@@ -20,8 +20,7 @@
 namespace qen::host {
 namespace {
 
-constexpr int kLongestWait = 600;  // steps
-constexpr int kQuietSteps = 3;     // commands that waited for an animation are carried out in the step after its end
+constexpr std::int32_t kLongestWait = 600;  // steps
 
 WindowOptions ToWindowOptions(const Options& options, const StageOptions& stageOptions) {
   return {.title = std::filesystem::path(options.description).filename().string(),
@@ -179,11 +178,7 @@ void Stage::DrawHidden() {
 }
 
 void Stage::Settle() {
-  int quiet = 0;
-  for (int step = 0; step < kLongestWait && quiet < kQuietSteps; ++step) {
-    Update(kStep);
-    quiet = FindPlayingAnim(Gui()) == nullptr ? quiet + 1 : 0;
-  }
+  host::Settle(Gui(), kLongestWait, [this] { Update(kStep); });
 }
 
 void Stage::WritePicture(const std::filesystem::path& file) {

@@ -15,20 +15,14 @@
 namespace qen::host {
 namespace {
 
-Texture* LoadTexture(const String& file) {
-  if (file.empty()) return nullptr;
-  Texture* texture = TextureManager::GetSingleton()->Load(file, kDefaultGroup, 0, 0);
-  if (texture == nullptr) throw std::runtime_error("cannot load the picture " + base::ToUtf8(file));
-  return texture;
-}
-
 // The entry on top of the stack; null for false.
 std::unique_ptr<ScriptBagEntry> ReadEntry(lua_State* state) {
   if (lua_isboolean(state, -1) && lua_toboolean(state, -1) == 0) return nullptr;
   auto entry = std::make_unique<ScriptBagEntry>();
   const int index = lua_gettop(state);
   entry->color = static_cast<std::uint32_t>(IntegerField(state, index, "color", 0xFFFFFF));
-  entry->texture = LoadTexture(TextField(state, index, "texture"));
+  const String texture = TextField(state, index, "texture");
+  if (!texture.empty()) entry->texture = LoadTexture(texture);
   return entry;
 }
 

@@ -13,7 +13,6 @@ namespace qen::host {
 namespace {
 
 constexpr std::int32_t kLongestWait = 600;  // frames
-constexpr int kQuietFrames = 3;  // commands that waited for an animation are carried out in the frame after its end
 
 int PushPageNames(lua_State* state, IGui& gui, const std::vector<std::uint32_t>& pages) {
   std::vector<String> names;
@@ -72,17 +71,10 @@ int Frame(ScriptWorld& world, lua_State* state) {
 
 int Settle(ScriptWorld& world, lua_State* state) {
   const std::int32_t longest = IntegerArgument(state, 1, kLongestWait);
-  int quiet = 0;
-  for (std::int32_t frame = 0; quiet < kQuietFrames; ++frame) {
-    ICGUIAnim* playing = FindPlayingAnim(world.Gui());
-    if (frame >= longest) {
-      const std::string what = playing != nullptr ? base::ToUtf8(playing->name) + " still plays" : "not settled";
-      throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
-    }
-    world.Frame(Stage::kStep);
-    quiet = FindPlayingAnim(world.Gui()) == nullptr ? quiet + 1 : 0;
-  }
-  return 0;
+  if (host::Settle(world.Gui(), longest, [&world] { world.Frame(Stage::kStep); })) return 0;
+  ICGUIAnim* playing = FindPlayingAnim(world.Gui());
+  const std::string what = playing != nullptr ? base::ToUtf8(playing->name) + " still plays" : "not settled";
+  throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
 }
 
 constexpr std::array<ScriptFunction, 10> kFunctions{{

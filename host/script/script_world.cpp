@@ -7,9 +7,17 @@
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
+#include "engine/resource.h"
+#include "engine/texture.h"
 #include "host/app/pages.h"
 
 namespace qen::host {
+
+Texture* LoadTexture(const String& file) {
+  Texture* texture = TextureManager::GetSingleton()->Load(file, kDefaultGroup, 0, 0);
+  if (texture == nullptr) throw std::runtime_error("cannot load the picture " + base::ToUtf8(file));
+  return texture;
+}
 
 ScriptWorld::ScriptWorld(Stage& stage, lua_State* state, const ScriptOptions& options)
     : stage_(stage), state_(state), options_(options) {

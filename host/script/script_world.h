@@ -26,6 +26,9 @@ struct ScriptBagEntry final : IBagEntry {
   Texture* texture = nullptr;
 };
 
+// The picture stays loaded. Throws std::runtime_error, naming the file, when it cannot be loaded.
+Texture* LoadTexture(const String& file);
+
 // What a handler of the script failed with; names the script's line already.
 class HandlerFailure : public std::runtime_error {
  public:

@@ -80,18 +80,10 @@ int Widget(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-Texture* TextureArgument(lua_State* state, int index) {
-  if (lua_isnil(state, index)) return nullptr;
-  const String file = WideArgument(state, index);
-  Texture* texture = TextureManager::GetSingleton()->Load(file, kDefaultGroup, 0, 0);
-  if (texture == nullptr) throw std::runtime_error("cannot load the picture " + base::ToUtf8(file));
-  return texture;
-}
-
 void SetPicture(ICGUIObject& widget, lua_State* state, int value) {
   auto* picture = dynamic_cast<ICGUIPicture*>(&widget);
   if (picture == nullptr) throw std::runtime_error(base::ToUtf8(widget.info->name) + " is no picture");
-  picture->SetTexture(TextureArgument(state, value));
+  picture->SetTexture(lua_isnil(state, value) ? nullptr : LoadTexture(WideArgument(state, value)));
 }
 
 // A field that scripts may set; `value` is the place of the new value on the stack.
