@@ -1,15 +1,19 @@
-# gui_add_test(NAME SOURCES FILE... [LIBRARIES TARGET...])
+# gui_add_test(NAME SOURCES FILE... [LIBRARIES TARGET...] [REPLACES_SYSTEM_CALLS])
 # One test program on GoogleTest; each of its tests is a test of ctest and runs in the root of the source tree.
+# REPLACES_SYSTEM_CALLS: it has an allocator or file calls of its own, as the sanitizers have: with them it is only built.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
 function(gui_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "REPLACES_SYSTEM_CALLS" "" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "gui_add_test(${name}): unexpected ${arg_UNPARSED_ARGUMENTS}")
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} engine base project_options GTest::gmock GTest::gtest_main)
+  if(arg_REPLACES_SYSTEM_CALLS AND GUI_SANITIZE)
+    return()
+  endif()
   gtest_discover_tests(
     ${name}
     TEST_PREFIX "${name}."
