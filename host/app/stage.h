@@ -89,7 +89,7 @@ class Stage {
   void Load(const Options& options);
   void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
-  void ShowFirstPage(StringView name) const;
+  void ShowFirstPage(StringView name);
   void PlaceTextField();
   void DrawPages();
   void DrawScreenText();

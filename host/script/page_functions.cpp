@@ -47,6 +47,20 @@ int PostText(ScriptWorld& world, lua_State* state) {
   return 0;
 }
 
+// Starts an animation of a page, found as pages are: by the name of its file. False when one is playing already.
+int Play(ScriptWorld& world, lua_State* state) {
+  const String wanted = ShortName(WideArgument(state, 2));
+  ICGUIPageObject& page = *world.Gui().GetPage(PageNamed(world.Gui(), WideArgument(state, 1)));
+  for (std::size_t i = 0; i < page.anims.size(); ++i) {
+    if (ShortName(page.anims[i]->name) != wanted) continue;
+    const bool isFree = page.GetPlayingAnim() == nullptr;
+    page.PlayAnim(static_cast<std::int32_t>(i), false);
+    Push(state, isFree);
+    return 1;
+  }
+  throw std::runtime_error("the page has no animation \"" + base::ToUtf8(wanted) + "\"");
+}
+
 int Pages(ScriptWorld& world, lua_State* state) {
   std::vector<std::uint32_t> pages(world.Gui().GetPageCount());
   for (std::uint32_t page = 0; page < pages.size(); ++page) pages[page] = page;
@@ -77,12 +91,13 @@ int Settle(ScriptWorld& world, lua_State* state) {
   throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
 }
 
-constexpr std::array<ScriptFunction, 10> kFunctions{{
+constexpr std::array<ScriptFunction, 11> kFunctions{{
     {"load", Load},
     {"unload", Unload},
     {"reload", Reload},
     {"setpage", SetPage},
     {"command", PostText},
+    {"play", Play},
     {"pages", Pages},
     {"active", Active},
     {"rendered", Rendered},

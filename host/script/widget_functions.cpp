@@ -16,10 +16,13 @@
 namespace qen::host {
 namespace {
 
-// The text that a widget is or has; null when it has none.
+// The text that a widget is or has, of a check button without one that of its present state; null when it has none.
 ICGUIText* TextOf(ICGUIObject& widget) {
-  auto* text = dynamic_cast<ICGUIText*>(&widget);
-  return text != nullptr ? text : widget.text;
+  if (auto* text = dynamic_cast<ICGUIText*>(&widget)) return text;
+  auto* check = dynamic_cast<ICGUICheckButton*>(&widget);
+  if (widget.text != nullptr || check == nullptr) return widget.text;
+  ICGUIButton* half = widget.info->checked != 0 ? check->GetCheckedButton() : check->GetUncheckedButton();
+  return half != nullptr ? half->text : nullptr;
 }
 
 ICGUIText& NeedText(ICGUIObject& widget) {

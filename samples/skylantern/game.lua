@@ -1,11 +1,12 @@
 -- Plays the game's part: answers what the GUI leaves to the game. guihost runs it once, before the first frame.
 
--- A picture of the credits is lit by a click and goes out by the next one.
+-- A picture of the credits is lit by a click, and the lanterns dance; the next click puts it out.
 local lit = {}
 gui.on("picture", function(record)
   local widget, file = record.argument:match("^(.-)=(.*)$")
   lit[widget] = not lit[widget]
   gui.set(widget, "texture", lit[widget] and file or nil)
+  if lit[widget] then gui.play("credits", "credits_dance") end
   return true
 end)
 
@@ -27,6 +28,7 @@ end)
 
 gui.on("loadgame", function()
   print("On with " .. selected("~ljourneys") .. ", in the company of " .. selected("~lcompanions"))
+  gui.set("~cfearless", "disabled", false)  -- whoever has been out there once may be fearless
   gui.command("setpage:main_menu.glb")
   return true
 end)
@@ -38,16 +40,22 @@ gui.on("volume", function(record)
 end)
 
 -- A check button's command comes with each click; the new state is the widget's.
-for _, word in ipairs { "fullscreen", "subtitles" } do
+for _, word in ipairs { "audible", "subtitles" } do
   gui.on(word, function(record)
     print(word .. (gui.widget(record.source).checked and " on" or " off"))
     return true
   end)
 end
 
+-- Two check buttons that turn each other over ask for the same; one of them tells.
+gui.on("fullscreen", function()
+  print(gui.widget("~cfullscreen").checked and "fills the screen" or "in a window")
+  return true
+end)
+
 -- Each choice of a list sends the command of the entry that was left, then that of the new one. The game looks at the
 -- lists when the journey begins.
-for _, word in ipairs { "difficulty", "journey", "year" } do
+for _, word in ipairs { "difficulty", "year" } do
   gui.on(word, function() return true end)
 end
 

@@ -57,7 +57,7 @@ def body(state, width, height, raised, materials, parent):
 def label(parent, width, height, front, gap):
     """The box that the label is written into; only its measures count, it is never drawn. It hovers before the face by a
     gap, and stands a little nearer the middle of the view, so that it is seen in the middle of the face."""
-    x, _, z = parent.location
+    x, _, z = (parent.parent or parent).location
     nearer = gap / kit.EYE
     node = kit.empty("text", (-x * nearer, -front, -z * nearer), parent)
     kit.card("normal", width, height, None, node)

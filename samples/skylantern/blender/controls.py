@@ -145,8 +145,9 @@ def long_text(name, location, width, height, looks, surfaces):
     return node
 
 
-def check_button(name, location, width, height, looks, round_mark=False, label_height=6.0):
-    """A row with a mark that lights up. Round marks are for choices of one among several."""
+def check_button(name, location, width, height, looks, round_mark=False, label_height=6.0, own_labels=False):
+    """A row with a mark that lights up. Round marks are for choices of one among several. With labels of their own the
+    checked and the unchecked button say different things."""
     node = kit.empty("~c" + name, location)
     mark = -width / 2 + height / 2 + 0.6
     size, sides, turn = (height * 0.50, 8, math.pi / 8) if round_mark else (height * 0.62, 4, math.pi / 4)
@@ -164,12 +165,13 @@ def check_button(name, location, width, height, looks, round_mark=False, label_h
         kit.add_to(made, [stone], draw)
         return made
 
-    for choice in ("checked", "unchecked"):
-        half = kit.empty(choice, (0, 0, 0), node)
+    left, right = mark + size * 0.5 + 2.0, width / 2 - 1.6
+    halves = [kit.empty(choice, (0, 0, 0), node) for choice in ("checked", "unchecked")]
+    for choice, half in zip(("checked", "unchecked"), halves):
         for state in STATES:
             kit.shown(f"{choice} {state} {width:g} x {height:g} {sides}", state, half,
                       lambda c=choice, s=state, h=half: body(c, s, h))
-    left, right = mark + size * 0.5 + 2.0, width / 2 - 1.6
-    label = buttons.label(node, right - left, label_height, 4.0, 1.8)
-    label.location.x += (left + right) / 2
+    for parent in halves if own_labels else [node]:
+        label = buttons.label(parent, right - left, label_height, 4.0, 1.8)
+        label.location.x += (left + right) / 2
     return node

@@ -1,5 +1,7 @@
 """Those who made the game, as three lanterns in frames. A click lights a lantern: the game shows its other picture."""
 
+import math
+
 import boards
 import buttons
 import controls
@@ -31,6 +33,12 @@ def picture(name, x, surfaces):
     return [node, shown, caption]
 
 
+def dance(lanterns):
+    """The lanterns bow to the one that was lit: up and down again, one after the other."""
+    for i, node in enumerate(lanterns):
+        kit.move(node, (0, 0, 0), (0, 0, 9), 0.1 * i, 1.2, lambda t: math.sin(math.pi * t))
+
+
 def build():
     kit.new_scene()
     surfaces = stage.shared_materials()
@@ -43,6 +51,7 @@ def build():
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)
     kit.export_scene("scenes/credits.glb")
     boards.export_hanging_animations("credits", [ground, heading, *framed, back], lanterns)
+    kit.export_animation("anims/credits_dance.glb", [lambda: dance(lanterns)])
     for name in portraits.PORTRAITS:
         kit.save_picture(portraits.portrait(name, lit=False), f"textures/{name}.png")
         kit.save_picture(portraits.portrait(name, lit=True), f"textures/{name}_lit.png")

@@ -27,11 +27,12 @@ def build():
     kit.flourish("flourish", 60, surfaces["brass"], ground, (0, -3.4, 33))
     controls.caption("~tHeading", (0, 0.5, 39), 110, 10)
     controls.caption("~tCompanions", (RIGHT_MIDDLE, 0.5, 26.5), 58, 6)
-    controls.caption("~tYear", (RIGHT_MIDDLE, 0.5, -11), 58, 6)
+    controls.caption("~tYear", (RIGHT_MIDDLE, 0.5, -9.5), 58, 6)
+    controls.caption("~tStory", (RIGHT_MIDDLE, 0.5, -30), 62, 9.6)
     looks = controls.control_materials(buttons.button_materials())
     controls.choice_list("Journeys", (LEFT, 0, -1), 58, 56, looks, surfaces)
     controls.choice_list("Companions", (RIGHT, 0, 8), 44, 24, looks, surfaces)
-    controls.spinner("Year", (RIGHT_MIDDLE, 0, -20), 38, 6, looks, surfaces)
+    controls.spinner("Year", (RIGHT_MIDDLE, 0, -18), 38, 6, looks, surfaces)
     below = [buttons.button("Load", (-26, 0, -41.5), 42, 10.5, looks),
              buttons.button("Back", (26, 0, -41.5), 42, 10.5, looks)]
     doors = boards.shutters(surfaces, WIDTH + 2, HEIGHT + 2)

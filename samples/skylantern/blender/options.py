@@ -16,7 +16,10 @@ ISLANDS = [
      [("lighthouse", (-2, 0, 1), 40), ("amber", (-15, -6, 1), 11), ("blossom", (12, -8, 1), 9)]),
 ]
 LEFT, RIGHT = -34, 34
-CAPTIONS = [("Music", LEFT, 27), ("Sound", LEFT, 10.5), ("Language", RIGHT, 27), ("Difficulty", RIGHT, -4)]
+# Two captions at one place: the second says that nothing is to be heard.
+CAPTIONS = [("Music", LEFT, 27), ("MusicOff", LEFT, 27), ("Sound", LEFT, 12.5), ("SoundOff", LEFT, 12.5),
+            ("Language", RIGHT, 27), ("Difficulty", RIGHT, -4)]
+MARKS = [("Audible", False), ("Subtitles", False), ("Fullscreen", True), ("Windowed", True)]
 
 
 def build():
@@ -29,13 +32,13 @@ def build():
     for name, x, z in CAPTIONS:
         controls.caption("~t" + name, (x, 0.5, z), 56, 6)
     looks = controls.control_materials(buttons.button_materials())
-    for name, z in (("Music", 19.5), ("Sound", 3)):
+    for name, z in (("Music", 20), ("Sound", 5.5)):
         controls.slide_bar("~s" + name, (LEFT, 0, z), 58, looks, surfaces)
-    for i, name in enumerate(("Fullscreen", "Subtitles")):
-        controls.check_button(name, (LEFT, 0, -16.1 - 9.4 * i), 58, 8.2, looks)
+    for i, (name, round_mark) in enumerate(MARKS):
+        controls.check_button(name, (LEFT, 0, -4 - 8.6 * i), 58, 7.8, looks, round_mark, own_labels=name == "Audible")
     for i, name in enumerate(("Gentle", "Bold", "Fearless")):
         controls.check_button(name, (RIGHT, 0, -11.5 - 9.2 * i), 58, 8.2, looks, round_mark=True)
-    controls.choice_list("Language", (RIGHT - 4.5, 0, 12.4), 45, 17, looks, surfaces)
+    controls.choice_list("Language", (RIGHT - 4.5, 0, 11.6), 45, 19, looks, surfaces)
     back = buttons.button("Back", (0, 0, -41.5), 42, 10.5, looks)
     doors = boards.shutters(surfaces, WIDTH + 2, HEIGHT + 2)
     lanterns = stage.drifting_lanterns(surfaces, LANTERNS)

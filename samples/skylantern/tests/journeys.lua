@@ -6,10 +6,20 @@ check_equal(gui.active(), { "load_game" })
 
 -- The wheel scrolls the list by its bar, and a click takes the row under the cursor.
 local journeys = gui.widget("~ljourneys")
-gui.list("~ljourneys"):select(30)
+gui.list("~ljourneys"):select(18)
 gui.frame()
 check(gui.widget("~ljourneys").position > 0, "scrolled to the last entry")
-check_equal(gui.list("~ljourneys"):selected(), { 30 })
+check_equal(gui.list("~ljourneys"):selected(), { 18 })
+
+-- A chosen journey tells its story, and only then there is something to set off to.
+check_equal(gui.widget("~bload").visible, false)
+gui.move(journeys.x, journeys.y)
+gui.frame()
+gui.press() gui.frame() gui.release() gui.frame(2)
+local chosen = gui.list("~ljourneys"):selected()[1]
+check(chosen and chosen ~= 18, "a row was clicked")
+check_equal(gui.widget("~tstory").text, gui.text(361 + (chosen - 1) // 3))
+check(gui.widget("~bload").visible, "the button comes out")
 
 -- No more than three companions.
 local companions = gui.list("~lcompanions")

@@ -3,7 +3,7 @@ gui.settle()
 check_equal(gui.languages(), { "english", "german", "arabic", "japanese" })
 local letters = {
   "bcontinue", "bnewgame", "boptions", "bquit", "binventory", "bcredits", "bhelp", "theading", "tguide", "tprompt",
-  "tmusic", "tsound", "tlanguage", "tdifficulty", "tcompanions", "tyear", "tquestion", "thint", "tislands", "tlights",
+  "tmusic", "tmusicoff", "tsound", "tsoundoff", "caudible", "cwindowed", "tlanguage", "tdifficulty", "tcompanions", "tyear", "tquestion", "thint", "tislands", "tlights",
   "twords", "cfullscreen", "csubtitles", "cgentle", "cbold", "cfearless", "byes", "bno", "bstart", "bload", "bback",
 }
 for _, language in ipairs(gui.languages()) do

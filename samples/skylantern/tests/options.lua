@@ -30,9 +30,28 @@ gui.wheel(-120)
 check_equal(gui.widget("~smusic").position, dragged)
 
 -- A click turns a check button over, and of a group one stays checked.
-local before = gui.widget("~cfullscreen").checked
-gui.click("~cfullscreen")
-check_equal(gui.widget("~cfullscreen").checked, not before)
+local before = gui.widget("~csubtitles").checked
+gui.click("~csubtitles")
+check_equal(gui.widget("~csubtitles").checked, not before)
+for _, name in ipairs { "~cfullscreen", "~cwindowed", "~cwindowed" } do
+  gui.click(name)
+  gui.frame()
+  check(gui.widget("~cfullscreen").checked ~= gui.widget("~cwindowed").checked, "one of two")
+end
+
+-- Without sound the slide bars rest, and other captions stand above them.
+local function hush(quiet)
+  gui.click("~caudible")
+  gui.frame()
+  for _, name in ipairs { "music", "sound" } do
+    check_equal(gui.widget("~s" .. name).disabled, quiet)
+    check_equal(gui.widget("~t" .. name).visible, not quiet)
+    check_equal(gui.widget("~t" .. name .. "off").visible, quiet)
+  end
+  check_equal(gui.widget("~caudible").text, gui.text(quiet and 45 or 44))
+end
+hush(true)
+hush(false)
 local function difficulty()
   local names = {}
   for _, name in ipairs { "~cgentle", "~cbold", "~cfearless" } do
@@ -40,6 +59,8 @@ local function difficulty()
   end
   return names
 end
+check(gui.widget("~cfearless").disabled, "locked until a journey was made")
+gui.set("~cfearless", "disabled", false)
 for _, name in ipairs { "~cfearless", "~cgentle", "~cgentle", "~cbold" } do
   gui.click(name)
   gui.frame()
@@ -49,7 +70,7 @@ end
 -- The second row of the list is German.
 local list = gui.widget("~llanguage")
 check_equal(#list.items, 4)
-gui.move(list.x, list.y)
+gui.move(list.x, list.y - 9)
 gui.frame()
 gui.press() gui.frame() gui.release() gui.frame(2)
 check_equal(gui.list("~llanguage"):selected(), { 2 })
