@@ -11,8 +11,6 @@
 namespace qen::host {
 namespace {
 
-constexpr std::int32_t kMaxSide = 16384;
-
 constexpr std::pair kTestSize{640, 480};
 
 constexpr const char* kFooter =

@@ -13,6 +13,8 @@ struct PageSave {
   std::string file;
 };
 
+inline constexpr std::int32_t kMaxSide = 16384;  // of a window or picture, in pixels
+
 // Paths and names are UTF-8; empty where nothing was asked for.
 struct Options {
   std::string description;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "host/app/options.h"
 #include "host/app/picture_compare.h"
 #include "host/app/picture_file.h"
 #include "host/script/script_functions.h"
@@ -16,6 +17,16 @@ namespace fs = std::filesystem;
 void WritePicture(ScriptWorld& world, const fs::path& file) {
   if (file.has_parent_path()) fs::create_directories(file.parent_path());
   world.GetStage().WritePicture(file);
+}
+
+int Resize(ScriptWorld& world, lua_State* state) {
+  const std::int32_t width = IntegerArgument(state, 1);
+  const std::int32_t height = IntegerArgument(state, 2);
+  luaL_argcheck(state, width >= 1 && width <= kMaxSide, 1, "not a width in pixels");
+  luaL_argcheck(state, height >= 1 && height <= kMaxSide, 2, "not a height in pixels");
+  world.GetStage().Window().Resize(width, height);
+  world.GetStage().Resize();
+  return 0;
 }
 
 int Shot(ScriptWorld& world, lua_State* state) {
@@ -46,7 +57,7 @@ int SameImage(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-constexpr std::array<ScriptFunction, 2> kFunctions{{{"shot", Shot}, {"same_image", SameImage}}};
+constexpr std::array<ScriptFunction, 3> kFunctions{{{"resize", Resize}, {"shot", Shot}, {"same_image", SameImage}}};
 
 }  // namespace
 

@@ -65,10 +65,21 @@ def shared_materials():
 
 
 def sky():
-    """A backdrop far behind, wide enough for every window; the sun is a picture, so it needs no light."""
+    """A backdrop far behind, large enough for every window: its uppermost and lowest rows go on beyond the picture. The sun
+    is a picture, so it needs no light."""
     image = kit.picture("sky", paint.dusk_sky(), jpeg=True)
     surface = kit.material("sky", (0, 0, 0), roughness=1.0, emission=(1, 1, 1), emission_image=image)
-    kit.card("sky", 960, 480, surface, location=(0, 300, 20))
+    made = kit.card("sky", 960, 480, surface, location=(0, 300, 20))
+
+    def go_on(shape, _):
+        layer = shape.loops.layers.uv.verify()
+        for side, row in ((-1, 0.002), (1, 0.998)):
+            corners = [(-480, 240), (480, 240), (480, 800), (-480, 800)]
+            face = shape.faces.new([shape.verts.new((x, 0, side * z)) for x, z in (corners if side > 0 else corners[::-1])])
+            for loop in face.loops:
+                loop[layer].uv = (loop.vert.co.x / 960 + 0.5, row)
+
+    kit.add_to(made, [], go_on)
 
 
 def mist(name, width, height, location, mirrored=False):
