@@ -36,7 +36,7 @@ def picture(name, x, surfaces):
 def dance(lanterns):
     """The lanterns bow to the one that was lit: up and down again, one after the other."""
     for i, node in enumerate(lanterns):
-        kit.move(node, (0, 0, 0), (0, 0, 9), 0.1 * i, 1.2, lambda t: math.sin(math.pi * t))
+        kit.move(node, (0, 0, 0), (0, 0, 9), 0.05 * i, 0.5, lambda t: math.sin(math.pi * t))
 
 
 def build():
