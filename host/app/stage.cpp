@@ -99,12 +99,12 @@ void Stage::ChooseLanguage(StringView name) const {
   throw std::runtime_error("there is no language " + base::ToUtf8(name) + ", only: " + known);
 }
 
-// Delivers at once: a change of pages that was posted before the first one is there would know nothing of it.
-void Stage::ShowFirstPage(StringView name) {
+void Stage::ShowFirstPage(StringView name) const {
   if (Gui().GetPageCount() == 0) throw std::runtime_error(base::ToUtf8(data_.description) + " names no pages");
   Gui().SetPage(name.empty() ? 0 : PageNamed(Gui(), name));
-  Send(message::kDeliverQueue);
 }
+
+void Stage::Deliver() { Send(message::kDeliverQueue); }
 
 void Stage::Send(std::uint32_t id, std::uint32_t first, std::uintptr_t second) {
   System::daemon->ProcMsg(id, first, second, category::kGui);
@@ -125,7 +125,7 @@ void Stage::Update(double seconds) {
   clock_.Advance(seconds);
   engine_.Animate();
   Send(message::kFrame);
-  Send(message::kDeliverQueue);
+  Deliver();
   PlaceTextField();
 }
 

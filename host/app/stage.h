@@ -77,6 +77,7 @@ class Stage {
 
   void Resize();                // to the window's size
   void Update(double seconds);  // one frame without its picture; the seconds are for the manual clock
+  void Deliver();               // the commands that wait
   void Draw();                  // the picture
   void DrawHidden();            // all of it but the picture, which WritePicture makes up for
 
@@ -89,7 +90,7 @@ class Stage {
   void Load(const Options& options);
   void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
-  void ShowFirstPage(StringView name);
+  void ShowFirstPage(StringView name) const;
   void PlaceTextField();
   void DrawPages();
   void DrawScreenText();

@@ -67,6 +67,8 @@ Script::Script(Stage& stage, const ScriptOptions& options) : state_(luaL_newstat
   lua_pushcfunction(state_.get(), OpenAll);
   if (lua_pcall(state_.get(), 0, 0, 0) != LUA_OK) Fail(state_.get());
   RunGame();
+  // A change of pages that a script posted before the first page is there would know nothing of that one.
+  stage.Deliver();
 }
 
 void Script::RunGame() {

@@ -22,7 +22,7 @@ struct ScriptOptions {
 
 class Script {
  public:
-  // Runs the game's script first. Throws as Run does.
+  // Runs the game's script and delivers what waits, so that the first page is there. Throws as Run does.
   Script(Stage& stage, const ScriptOptions& options);
 
   void RunGame();  // the game's script once more, after the GUI was loaded anew
