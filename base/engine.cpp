@@ -47,10 +47,13 @@ void Engine::BeginFrame() { services_->render.BeginFrame(); }
 void Engine::EndFrame(Viewport& viewport) {
   services_->render.EndFrame(static_cast<std::int32_t>(viewport.GetActualWidth()),
                              static_cast<std::int32_t>(viewport.GetActualHeight()));
-  services_->ime.Settle();
+  EndHiddenFrame();
 }
 
-void Engine::EndHiddenFrame() { services_->ime.Settle(); }
+void Engine::EndHiddenFrame() {
+  services_->texts.EndFrame();
+  services_->ime.Settle();
+}
 
 const DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
 

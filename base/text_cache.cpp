@@ -7,7 +7,8 @@
 namespace qen::base {
 namespace {
 
-constexpr std::size_t kCapacity = 1024;
+constexpr std::size_t kUsual = 1024;  // kept in any case
+constexpr std::size_t kMost = 65536;  // even where a single frame shows more
 
 }  // namespace
 
@@ -24,18 +25,26 @@ std::size_t TextCache::Hash::operator()(const Key& key) const {
 TextCache::Entry::Entry(const FontObject& font, StringView words, const LayoutOptions& options)
     : text(words), key{font.GetId(), options, text}, layout(LayOut(font, words, options)) {}
 
+// A frame that shows more texts than usual would lay out each of them anew, each time, were those of the frame before
+// forgotten.
+bool TextCache::CanForgetOldest() const {
+  return entries_.size() >= kUsual && (entries_.size() >= kMost || entries_.back().lastUse + 1 < frame_);
+}
+
 const TextLayout& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
   const auto known = index_.find(Key{font.GetId(), options, text});
   if (known != index_.end()) {
     entries_.splice(entries_.begin(), entries_, known->second);
+    known->second->lastUse = frame_;
     return known->second->layout;
   }
   font.ReportSubstitute();
-  if (entries_.size() >= kCapacity) {
+  while (CanForgetOldest()) {
     index_.erase(entries_.back().key);
     entries_.pop_back();
   }
   entries_.emplace_front(font, text, options);
+  entries_.front().lastUse = frame_;
   index_.emplace(entries_.front().key, entries_.begin());
   return entries_.front().layout;
 }

@@ -15,8 +15,11 @@ class FontObject;
 
 class TextCache {
  public:
-  // Stays until many other texts were asked for. Allocates nothing for a text that is known.
+  // Stays until the frame after the next, and then until many other texts were asked for. Allocates nothing for a text
+  // that is known.
   const TextLayout& Get(const FontObject& font, StringView text, const LayoutOptions& options);
+
+  void EndFrame() { ++frame_; }
 
   String scratch;  // for a text that is being formatted
 
@@ -39,9 +42,13 @@ class TextCache {
     String text;
     Key key;  // its text is `text`
     TextLayout layout;
+    std::uint32_t lastUse = 0;  // the number of a frame
   };
 
+  [[nodiscard]] bool CanForgetOldest() const;
+
   std::list<Entry> entries_;  // the one used last comes first
+  std::uint32_t frame_ = 0;
   std::unordered_map<Key, std::list<Entry>::iterator, Hash> index_;
 };
 

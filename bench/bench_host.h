@@ -11,7 +11,8 @@ namespace qen::test {
 
 // A loaded module without the frame of a test.
 struct Host {
-  Host() : gui(module.Export<ActivateDllFunction>(kActivateDll)()) {
+  explicit Host(const std::function<void(base::Backends&)>& adjust = {})
+      : engine(adjust), gui(module.Export<ActivateDllFunction>(kActivateDll)()) {
     System::gui = gui;
     engine.RecordCalls(false);
   }

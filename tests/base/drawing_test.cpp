@@ -227,10 +227,18 @@ TEST_F(DrawingTest, KnownTextsAreNotShapedAgain) {
   engine.Draw(frame);
   EXPECT_EQ(engine.fonts.shapeCount, shaped);
 
-  drawing.BeginText2D();
-  for (int i = 0; i < 5000; ++i) drawing.DrawText2D(0, 0, Color(1), u"%d", i);
+  const auto drawMany = [&](int first) {
+    engine.Draw([&] {
+      drawing.BeginText2D();
+      for (int i = first; i < first + 5000; ++i) drawing.DrawText2D(0, 0, Color(1), u"%d", i);
+    });
+  };
+  drawMany(0);
+  drawMany(0);
+  EXPECT_EQ(engine.fonts.shapeCount, shaped + 5000) << "all of a frame's texts are kept for the next";
+  drawMany(5000);
   engine.Draw(frame);
-  EXPECT_GT(engine.fonts.shapeCount, shaped + 5000) << "forgotten behind many others";
+  EXPECT_GT(engine.fonts.shapeCount, shaped + 10000) << "forgotten behind many others";
 
   FontManager::GetSingleton()->Destroy(font);
   font = FontManager::GetSingleton()->CreateEx(u"Test", -40, 0, 400, false, 1, kDefaultGroup);

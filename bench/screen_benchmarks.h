@@ -1,0 +1,118 @@
+// The same screen for every GUI: buttons with labels of twelve letters, in rows and columns that fill the view, the
+// cursor on another button in every frame.
+#pragma once
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace qen::bench {
+
+inline constexpr std::array<std::int64_t, 3> kButtonCounts{100, 1000, 10000};
+
+inline std::string LabelOf(std::size_t button) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "Lantern%05u", static_cast<unsigned>(button));
+  return text.data();
+}
+
+// Where a button is: its column, its row, and how many of each there are.
+struct Grid {
+  explicit Grid(std::size_t buttons)
+      : columns(static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(buttons))))) {}
+
+  // A view in pixels that shows all of them, with their whole labels.
+  static constexpr float kStepX = 112.0F;
+  static constexpr float kStepY = 32.0F;
+  [[nodiscard]] float Width() const { return kStepX * static_cast<float>(columns); }
+  [[nodiscard]] float Height() const { return kStepY * static_cast<float>(columns); }
+  [[nodiscard]] float X(std::size_t button) const { return kStepX * static_cast<float>(Column(button)); }
+  [[nodiscard]] float Y(std::size_t button) const { return kStepY * static_cast<float>(Row(button)); }
+  static constexpr float kButtonWidth = 104.0F;
+  static constexpr float kButtonHeight = 24.0F;
+
+  [[nodiscard]] std::size_t Column(std::size_t button) const { return button % columns; }
+  [[nodiscard]] std::size_t Row(std::size_t button) const { return button / columns; }
+
+  std::size_t columns;
+};
+
+inline std::size_t HeapBytes() {
+  const struct mallinfo2 heap = mallinfo2();
+  return heap.uordblks + heap.hblkhd;
+}
+
+// A screen is made with a number of buttons, and has:
+//   kLoads                    whether there is anything to load
+//   Load(), Unload()          from a definition; what the definition refers to is there already
+//   Update(hovered)           a frame's input and update, the cursor on that button
+//   Draw()                    the frame's drawing, for a renderer that does nothing
+//   Bytes()                   heap bytes that loading takes
+template <class Screen>
+void LoadScreen(benchmark::State& state) {
+  Screen screen(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    screen.Load();
+    state.PauseTiming();
+    screen.Unload();
+    state.ResumeTiming();
+  }
+  state.counters["bytes"] = static_cast<double>(screen.Bytes()) / static_cast<double>(state.range(0));
+}
+
+template <class Screen, bool kDraws>
+void PlayScreen(benchmark::State& state) {
+  const auto count = static_cast<std::size_t>(state.range(0));
+  Screen screen(count);
+  screen.Load();
+  std::size_t hovered = 0;
+  for (auto _ : state) {
+    hovered = (hovered + 37) % count;
+    screen.Update(hovered);
+    if constexpr (kDraws) screen.Draw();
+  }
+  screen.Unload();
+}
+
+inline void ForEachCount(benchmark::internal::Benchmark* made) {
+  for (const std::int64_t count : kButtonCounts) made->Arg(count);
+  made->Unit(benchmark::kMicrosecond);
+}
+
+// A whole program: loads, plays frames and ends, for measuring the process from outside.
+template <class Screen>
+int PlayWhole(std::size_t buttons, int frames) {
+  Screen screen(buttons);
+  screen.Load();
+  for (int frame = 0; frame < frames; ++frame) {
+    screen.Update(static_cast<std::size_t>(frame) * 37 % buttons);
+    screen.Draw();
+  }
+  screen.Unload();
+  return 0;
+}
+
+// The main function of a benchmark program. With `--whole BUTTONS FRAMES` it is a whole program instead.
+template <class Screen>
+int RunScreenBenchmarks(int argc, char** argv) {
+  if (argc == 4 && std::string_view(argv[1]) == "--whole") {
+    return PlayWhole<Screen>(std::strtoul(argv[2], nullptr, 10), std::atoi(argv[3]));
+  }
+  if constexpr (Screen::kLoads) benchmark::RegisterBenchmark("Load", LoadScreen<Screen>)->Apply(ForEachCount);
+  benchmark::RegisterBenchmark("Update", PlayScreen<Screen, false>)->Apply(ForEachCount);
+  benchmark::RegisterBenchmark("UpdateAndDraw", PlayScreen<Screen, true>)->Apply(ForEachCount);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}
+
+}  // namespace qen::bench
