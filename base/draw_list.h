@@ -30,7 +30,9 @@ struct DrawItem {
   std::uint32_t texture = 0;  // 0: plain white
   std::uint32_t firstVertex = 0;
   std::uint32_t vertexCount = 0;
-  float distance = 0.0F;  // from the camera's plane; larger is farther
+  const DrawVertex* shared = nullptr;  // its vertices when they are not the list's; stay until the next frame begins
+  std::uint32_t sharedArgb = 0;        // their colour, instead of each one's
+  float distance = 0.0F;               // from the camera's plane; larger is farther
   RenderEntry entry;
   Matrix4x4 world = Matrix4x4::Identity;
 };
@@ -49,6 +51,17 @@ struct DrawList {
   std::vector<DrawLayer> layers;
   std::vector<DrawItem> items;
   std::vector<DrawVertex> vertices;
+
+  // Copies shared vertices, in their colour, so that all are the list's.
+  void OwnVertices() {
+    for (DrawItem& item : items) {
+      if (item.shared == nullptr) continue;
+      item.firstVertex = static_cast<std::uint32_t>(vertices.size());
+      vertices.insert(vertices.end(), item.shared, item.shared + item.vertexCount);
+      for (std::size_t i = item.firstVertex; i < vertices.size(); ++i) vertices[i].argb = item.sharedArgb;
+      item.shared = nullptr;
+    }
+  }
 
   void Clear() {
     layers.clear();

@@ -7,6 +7,7 @@
 
 #include "base/fonts.h"
 #include "base/render.h"
+#include "base/text_cache.h"
 
 namespace qen::base {
 namespace {
@@ -26,9 +27,9 @@ bool ClipVertically(Glyph& quad, float top, float bottom) {
   return quad.bottom > quad.top;
 }
 
-std::array<DrawVertex, 6> Triangles(const Glyph& quad, const TextPlacement& placement, std::uint32_t argb) {
+std::array<DrawVertex, 6> Triangles(const Glyph& quad, const TextPlacement& placement) {
   const auto vertex = [&](float x, float y, float u, float v) {
-    return DrawVertex{placement.origin + placement.right * x + placement.down * y, u, v, argb};
+    return DrawVertex{placement.origin + placement.right * x + placement.down * y, u, v};
   };
   const DrawVertex leftTop = vertex(quad.left, quad.top, quad.u0, quad.v0);
   const DrawVertex rightTop = vertex(quad.right, quad.top, quad.u1, quad.v0);
@@ -52,29 +53,43 @@ float Indent(const TextLayout::Line& line, const TextPlacement& placement) {
 
 }  // namespace
 
-void DrawLayout(RenderService& frame, const FontObject& font, const TextLayout& layout, const TextPlacement& placement,
-                DrawItem look, std::uint32_t argb) {
+void TextMesh::Build(const FontObject& font, const TextLayout& layout, const TextPlacement& place) {
+  placement = place;
+  parts.clear();
+  vertices.clear();
   const auto height = static_cast<float>(font.GetMetric().tmHeight);
   const auto ascent = static_cast<float>(font.GetMetric().tmAscent);
-  DrawItem* item = nullptr;
-  for (std::size_t i = LineAt(placement.top, height, layout.lines.size()); i < layout.lines.size(); ++i) {
+  for (std::size_t i = LineAt(place.top, height, layout.lines.size()); i < layout.lines.size(); ++i) {
     const TextLayout::Line& line = layout.lines[i];
     const float cellTop = static_cast<float>(i) * height;
-    if (cellTop >= placement.bottom) break;
-    const float indent = Indent(line, placement);
+    if (cellTop >= place.bottom) break;
+    const float indent = Indent(line, place);
     for (Glyph glyph : std::span(layout.glyphs).subspan(line.firstGlyph, line.glyphCount)) {
       if (glyph.texture == 0) continue;
       glyph.left += indent;
       glyph.right += indent;
       glyph.top += cellTop + ascent;
       glyph.bottom += cellTop + ascent;
-      if (!ClipVertically(glyph, placement.top, placement.bottom)) continue;
-      if (item == nullptr || look.texture != glyph.texture) {
-        look.texture = glyph.texture;
-        item = &frame.BeginVertices(look);
+      if (!ClipVertically(glyph, place.top, place.bottom)) continue;
+      if (parts.empty() || parts.back().texture != glyph.texture) {
+        parts.push_back({glyph.texture, static_cast<std::uint32_t>(vertices.size()), 0});
       }
-      frame.AddVertices(*item, Triangles(glyph, placement, argb));
+      const std::array<DrawVertex, 6> corners = Triangles(glyph, place);
+      vertices.insert(vertices.end(), corners.begin(), corners.end());
+      parts.back().vertexCount += static_cast<std::uint32_t>(corners.size());
     }
+  }
+}
+
+void DrawCached(RenderService& frame, TextCache& cache, CachedText& text, const FontObject& font,
+                const TextPlacement& placement, DrawItem look, std::uint32_t argb) {
+  const TextMesh* shared = cache.Show(text, font, placement);
+  if (shared == nullptr) cache.scratchMesh.Build(font, text.layout, placement);
+  const TextMesh& mesh = shared != nullptr ? *shared : cache.scratchMesh;
+  for (const TextMesh::Part& part : mesh.parts) {
+    look.texture = part.texture;
+    const auto vertices = std::span(mesh.vertices).subspan(part.firstVertex, part.vertexCount);
+    shared != nullptr ? frame.AddShared(look, vertices, argb) : frame.AddCopies(look, vertices, argb);
   }
 }
 

@@ -91,7 +91,8 @@ void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& mat
   look.textureUse = TextureUse::DistanceField;
   look.world = matrix;
   look.distance = context.render.DistanceOf(matrix.GetTranslation());
-  base::DrawLayout(context.render, font, context.texts.Get(font, text, options), placement, look, color.argb);
+  base::DrawCached(context.render, context.texts, context.texts.Get(font, text, options), font, placement, look,
+                   color.argb);
 }
 
 std::uint32_t PictureOf(const MaterialParams* params) {
@@ -151,7 +152,7 @@ Rect Drawing::GetTextRect(const Rect& area, std::uint32_t flags, const Char* for
   const bool flat = mode_ == Mode::Text2D;
   const GlyphStyle style = flat ? GlyphStyle::Bitmap : GlyphStyle::DistanceField;
   const auto width = static_cast<float>(area.right - area.left);
-  const TextLayout& layout = context->texts.Get(*font, text, OptionsOf(style, flags, width / scale_));
+  const TextLayout& layout = context->texts.Get(*font, text, OptionsOf(style, flags, width / scale_)).layout;
   return flat ? FlatRectOf(area, *font, layout) : SpatialRectOf(area, *font, layout, scale_);
 }
 
@@ -175,7 +176,8 @@ void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char
   look.kind = DrawKind::Triangles2D;
   look.textureUse = TextureUse::Coverage;
   const LayoutOptions options = OptionsOf(GlyphStyle::Bitmap, DT_EXPANDTABS, 0.0F);
-  base::DrawLayout(context->render, *font, context->texts.Get(*font, text, options), placement, look, color.argb);
+  base::DrawCached(context->render, context->texts, context->texts.Get(*font, text, options), *font, placement, look,
+                   color.argb);
 }
 
 void Drawing::DrawText3D(const Matrix4x4& matrix, const Rect& area, std::uint32_t flags, Color color,

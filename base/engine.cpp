@@ -42,19 +42,19 @@ void Engine::SetLogSink(LogSink sink) { services_->log.SetSink(std::move(sink));
 
 void Engine::Animate() { services_->scenes.Animate(); }
 
-void Engine::BeginFrame() { services_->render.BeginFrame(); }
+void Engine::BeginFrame() {
+  services_->render.BeginFrame();
+  services_->texts.BeginFrame();
+}
 
 void Engine::EndFrame(Viewport& viewport) {
   services_->render.EndFrame(static_cast<std::int32_t>(viewport.GetActualWidth()),
                              static_cast<std::int32_t>(viewport.GetActualHeight()));
-  EndHiddenFrame();
-}
-
-void Engine::EndHiddenFrame() {
-  services_->texts.EndFrame();
   services_->ime.Settle();
 }
 
-const DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
+void Engine::EndHiddenFrame() { services_->ime.Settle(); }
+
+DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
 
 }  // namespace qen::base

@@ -15,7 +15,7 @@ namespace {
 
 bool LooksLike(const DrawItem& a, const DrawItem& b) {
   return a.kind == b.kind && a.textureUse == b.textureUse && a.texture == b.texture && a.distance == b.distance &&
-         std::memcmp(&a.world, &b.world, sizeof a.world) == 0;
+         a.shared == b.shared && std::memcmp(&a.world, &b.world, sizeof a.world) == 0;
 }
 
 // Draws nothing from now on.
@@ -91,6 +91,21 @@ DrawItem& RenderService::BeginVertices(const DrawItem& look) {
 void RenderService::AddVertices(DrawItem& item, std::span<const DrawVertex> vertices) {
   list_.vertices.insert(list_.vertices.end(), vertices.begin(), vertices.end());
   item.vertexCount += static_cast<std::uint32_t>(vertices.size());
+}
+
+void RenderService::AddShared(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb) {
+  ++CurrentLayer().itemCount;
+  DrawItem& item = list_.items.emplace_back(look);
+  item.shared = vertices.data();
+  item.sharedArgb = argb;
+  item.vertexCount = static_cast<std::uint32_t>(vertices.size());
+}
+
+void RenderService::AddCopies(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb) {
+  DrawItem& item = BeginVertices(look);
+  const std::size_t first = list_.vertices.size();
+  AddVertices(item, vertices);
+  for (std::size_t i = first; i < list_.vertices.size(); ++i) list_.vertices[i].argb = argb;
 }
 
 float RenderService::DistanceOf(const Vec3& world) const {

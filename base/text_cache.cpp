@@ -7,8 +7,7 @@
 namespace qen::base {
 namespace {
 
-constexpr std::size_t kUsual = 1024;  // kept in any case
-constexpr std::size_t kMost = 65536;  // even where a single frame shows more
+constexpr std::size_t kUsual = 1024;  // are kept in any case
 
 }  // namespace
 
@@ -23,20 +22,19 @@ std::size_t TextCache::Hash::operator()(const Key& key) const {
 }
 
 TextCache::Entry::Entry(const FontObject& font, StringView words, const LayoutOptions& options)
-    : text(words), key{font.GetId(), options, text}, layout(LayOut(font, words, options)) {}
+    : text(words), key{font.GetId(), options, text}, cached{.layout = LayOut(font, words, options), .mesh = {}} {}
 
 // A frame that shows more texts than usual would lay out each of them anew, each time, were those of the frame before
 // forgotten.
 bool TextCache::CanForgetOldest() const {
-  return entries_.size() >= kUsual && (entries_.size() >= kMost || entries_.back().lastUse + 1 < frame_);
+  return entries_.size() >= kUsual && entries_.back().cached.lastShown + 1 < frame_;
 }
 
-const TextLayout& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
+CachedText& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
   const auto known = index_.find(Key{font.GetId(), options, text});
   if (known != index_.end()) {
     entries_.splice(entries_.begin(), entries_, known->second);
-    known->second->lastUse = frame_;
-    return known->second->layout;
+    return known->second->cached;
   }
   font.ReportSubstitute();
   while (CanForgetOldest()) {
@@ -44,9 +42,17 @@ const TextLayout& TextCache::Get(const FontObject& font, StringView text, const 
     entries_.pop_back();
   }
   entries_.emplace_front(font, text, options);
-  entries_.front().lastUse = frame_;
   index_.emplace(entries_.front().key, entries_.begin());
-  return entries_.front().layout;
+  return entries_.front().cached;
+}
+
+const TextMesh* TextCache::Show(CachedText& text, const FontObject& font, const TextPlacement& placement) const {
+  if (text.mesh.placement != placement) {
+    if (text.lastShown == frame_) return nullptr;
+    text.mesh.Build(font, text.layout, placement);
+  }
+  text.lastShown = frame_;
+  return &text.mesh;
 }
 
 }  // namespace qen::base

@@ -1,4 +1,4 @@
-// Layouts of the texts that were drawn or measured last.
+// The texts that were drawn or measured last.
 #pragma once
 
 #include <cstddef>
@@ -6,6 +6,7 @@
 #include <list>
 #include <unordered_map>
 
+#include "base/draw_text.h"
 #include "base/text_layout.h"
 #include "engine/types.h"
 
@@ -13,15 +14,25 @@ namespace qen::base {
 
 class FontObject;
 
+struct CachedText {
+  TextLayout layout;
+  TextMesh mesh;                // as it was shown last
+  std::uint32_t lastShown = 0;  // the number of a frame, from 2 on
+};
+
 class TextCache {
  public:
-  // Stays until the frame after the next, and then until many other texts were asked for. Allocates nothing for a text
-  // that is known.
-  const TextLayout& Get(const FontObject& font, StringView text, const LayoutOptions& options);
+  // What was shown in a frame stays for the next one, the others until many were asked for. Allocates nothing for a
+  // text that is known.
+  CachedText& Get(const FontObject& font, StringView text, const LayoutOptions& options);
 
-  void EndFrame() { ++frame_; }
+  // The mesh of a text for this frame, which keeps it; null when the frame shows the text at another placement already.
+  const TextMesh* Show(CachedText& text, const FontObject& font, const TextPlacement& placement) const;
 
-  String scratch;  // for a text that is being formatted
+  void BeginFrame() { ++frame_; }
+
+  String scratch;        // for a text that is being formatted
+  TextMesh scratchMesh;  // for a text that a frame shows a second time, at another placement
 
  private:
   struct Key {
@@ -41,14 +52,13 @@ class TextCache {
 
     String text;
     Key key;  // its text is `text`
-    TextLayout layout;
-    std::uint32_t lastUse = 0;  // the number of a frame
+    CachedText cached;
   };
 
   [[nodiscard]] bool CanForgetOldest() const;
 
   std::list<Entry> entries_;  // the one used last comes first
-  std::uint32_t frame_ = 0;
+  std::uint32_t frame_ = 2;
   std::unordered_map<Key, std::list<Entry>::iterator, Hash> index_;
 };
 

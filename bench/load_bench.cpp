@@ -36,6 +36,45 @@ void UpdatePage(benchmark::State& state) {
   ReportEach(state);
 }
 
+void AddPages(Host& host, std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) {
+    const std::string digits = std::to_string(i);
+    const String name(digits.begin(), digits.end());
+    AddBigPage(host.engine, name, 10);
+    host.gui->AddPage((name + u".txt").c_str(), &host.engine.camera);
+  }
+}
+
+void LoadPages(benchmark::State& state) {
+  Host host;
+  for (auto _ : state) {
+    AddPages(host, state.range(0));
+    state.PauseTiming();
+    host.gui->Release();
+    state.ResumeTiming();
+  }
+  ReportEach(state);
+}
+
+// A frame of one page while others are loaded, neither active nor drawn.
+void UpdateAmongPages(benchmark::State& state) {
+  Host host;
+  AddPages(host, state.range(0));
+  host.gui->SetViewport(&host.engine.viewport);
+  host.gui->GetActivePages() = host.gui->GetRenderPages() = {0};
+  for (auto _ : state) {
+    host.gui->Update(0, 0, 0);
+    host.engine.Draw([&host] { host.gui->Render(&host.engine.viewport); });
+  }
+}
+
+void FindWidget(benchmark::State& state) {
+  Host host;
+  AddBigPage(host.engine, u"big", static_cast<std::size_t>(state.range(0)));
+  host.gui->AddPage(u"big.txt", &host.engine.camera);
+  for (auto _ : state) benchmark::DoNotOptimize(host.gui->FindObject(0, u"~b77"));
+}
+
 void LoadBag(benchmark::State& state) {
   Host host;
   const auto slots = static_cast<std::size_t>(state.range(0));
@@ -61,10 +100,9 @@ void UpdateBag(benchmark::State& state) {
   ReportEach(state);
 }
 
-void LoadLanguage(benchmark::State& state) {
-  Host host;
+void LoadTexts(Host& host, std::int64_t count) {
   String table = u"lang english {\n";
-  for (std::int64_t i = 0; i < state.range(0); ++i) {
+  for (std::int64_t i = 0; i < count; ++i) {
     const std::string digits = std::to_string(i);
     const String id(digits.begin(), digits.end());
     table += u"str" + id + u" \"Some words with the number " + id + u"\"\n";
@@ -72,8 +110,19 @@ void LoadLanguage(benchmark::State& state) {
   host.engine.files.AddText(u"texts.txt", table + u"}");
   host.engine.files.AddText(u"gui.txt", u"lang texts.txt");
   host.gui->Load(u"gui.txt", nullptr);
+}
+
+void LoadLanguage(benchmark::State& state) {
+  Host host;
+  LoadTexts(host, state.range(0));
   for (auto _ : state) host.gui->SetLanguage(u"english");
   ReportEach(state);
+}
+
+void FindText(benchmark::State& state) {
+  Host host;
+  LoadTexts(host, state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(host.gui->GetText(77).data());
 }
 
 // A delivery of many waiting records, each of which the book carries out.
@@ -105,7 +154,11 @@ void UpdateWithWaiting(benchmark::State& state) {
 BENCHMARK(LoadLanguage)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(DeliverWaiting)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(UpdateWithWaiting)->Arg(0)->Arg(10000);
-BENCHMARK(LoadPage)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(FindText)->Arg(1000)->Arg(100000);
+BENCHMARK(LoadPages)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UpdateAmongPages)->Arg(1)->Arg(1000);
+BENCHMARK(FindWidget)->Arg(100)->Arg(10000);
+BENCHMARK(LoadPage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMillisecond);
 BENCHMARK(UpdateBag)->Arg(1000)->Arg(16000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(UpdatePage)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);

@@ -22,7 +22,7 @@ class IRenderBackend {
   virtual void DestroyGeometry(std::uint32_t geometry) = 0;
 
   // Draws a whole frame of the given size in pixels.
-  virtual void Draw(const DrawList& list, std::int32_t width, std::int32_t height) = 0;
+  virtual void Draw(DrawList& list, std::int32_t width, std::int32_t height) = 0;
 };
 
 }  // namespace qen::base

@@ -131,8 +131,9 @@ std::uint32_t GlRenderer::CreateGeometry(std::span<const base::Vertex> vertices,
 
 void GlRenderer::DestroyGeometry(std::uint32_t geometry) { parts_->geometry.Destroy(geometry); }
 
-void GlRenderer::Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) {
+void GlRenderer::Draw(base::DrawList& list, std::int32_t width, std::int32_t height) {
   if (width <= 0 || height <= 0) return;
+  list.OwnVertices();
   parts_->BeginFrame(list, width, height);
   for (const base::DrawLayer& layer : list.layers) parts_->DrawLayer(list, layer);
   parts_->EndFrame();

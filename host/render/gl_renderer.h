@@ -32,7 +32,7 @@ class GlRenderer final : public base::IRenderBackend {
 
   // Leaves the picture where Read finds it and, as asked for, in the back buffer of the window. A size of 0 draws
   // nothing.
-  void Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) override;
+  void Draw(base::DrawList& list, std::int32_t width, std::int32_t height) override;
 
   void Read(base::Image& image) const;  // the last frame
   [[nodiscard]] IGlyphPages& GlyphPages();

@@ -1,5 +1,5 @@
 -- Every page in every language, and in windows of other shapes, against the pictures in golden/. Renewed on purpose with
---     build/release/bin/guihost --update test tests/pictures samples/skylantern/gui.txt
+--     FONTCONFIG_FILE=tests/pictures/fonts.conf build/release/bin/guihost --update test tests/pictures samples/skylantern/gui.txt
 local different = {}
 
 local function compare(page, language, width, height)
