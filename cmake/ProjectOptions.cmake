@@ -30,6 +30,6 @@ endif()
 # Lets the fuzz programs see which code of the target an input reaches.
 function(gui_watch_coverage target)
   if(GUI_BUILD_FUZZERS)
-    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    target_compile_options(${target} PRIVATE -fsanitize-coverage=inline-8bit-counters,pc-table)
   endif()
 endfunction()

@@ -1,5 +1,7 @@
 #include "fuzz/stage.h"
 
+#include <cstdlib>
+
 #include "tests/module/every_widget.h"
 
 namespace qen::fuzz {
@@ -31,8 +33,17 @@ constexpr File kFiles[] = {
     {kStyleFile, u"texture picture.png color_normal ff8000 font Courier { height -18 }"},
 };
 
-// Keeps the library when a stage ends. It is loaded before libFuzzer looks for what it can watch.
-const test::Module keptLibrary;
+// What lasts as long as the process.
+struct Process {
+  Process() {
+    // What is saved is flushed to the disk, which is slow unless it is none.
+    constexpr const char* kMemory = "/dev/shm";
+    if (std::filesystem::is_directory(kMemory)) setenv("TMPDIR", kMemory, 0);
+  }
+
+  test::Module library;  // loaded before libFuzzer looks for what it can watch
+};
+const Process process;
 
 }  // namespace
 
