@@ -23,7 +23,7 @@ constexpr File kFiles[] = {
      u"item ~bbutton { tooltip 1 textid 2 message setpage:other.glb message play: }\n"
      u"item ~ccheck { message radiogroup:~ccheck message enable/disable:~bbutton message settext:~ttext\n"
      u"  b_checked { textid 1 } b_unchecked { textid 2 } }\n"
-     u"item ~ppicture { message undopage: }\n"
+     u"item ~ppicture { message addactivepage:page.glb message un/checked:~ccheck message undopage: }\n"
      u"item ~sbar { message volume:all }\n"
      u"item ~llist { listitem { name a textid 1 commentid 2 message settext:~ttext } listitem { name b tooltip 1 } }\n"
      u"item ~ttext { textid 1 editabled 1 maxchars 20 shadowoff 10 font Courier { height -12 } }\n"

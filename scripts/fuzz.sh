@@ -29,7 +29,7 @@ for name in $names; do
   mkdir -p "$grown" "$findings"
   started=$(mktemp)
   printf '==> %s, %s s\n' "$name" "$seconds"
-  if ! "build/asan/bin/fuzz_$name" -timeout=5 -rss_limit_mb=1024 -print_final_stats=1 -max_total_time="$seconds" \
+  if ! "build/asan/bin/fuzz_$name" -timeout=5 -rss_limit_mb=1024 -len_control=0 -print_final_stats=1 -max_total_time="$seconds" \
     -dict="fuzz/dictionaries/$name.dict" -artifact_prefix="$findings/$name-" "$grown" "fuzz/corpus/$name"; then
     status=1
     find "$findings" -name "$name-*" -newer "$started" | while read -r finding; do
