@@ -26,3 +26,10 @@ if(GUI_SANITIZE)
                                                    -fno-omit-frame-pointer)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# Lets the fuzz programs see which code of the target an input reaches.
+function(gui_watch_coverage target)
+  if(GUI_BUILD_FUZZERS)
+    target_compile_options(${target} PRIVATE -fsanitize-coverage=inline-8bit-counters,pc-table)
+  endif()
+endfunction()

@@ -1,5 +1,7 @@
 #include "host/scenes/image_decoder.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <memory>
 
@@ -18,6 +20,23 @@ namespace {
 constexpr std::int64_t kMaxPixels = 64'000'000;
 constexpr int kChannels = 4;
 
+// Whether no chunk of a PNG file claims to be longer than what is left of the file; true for other files. The decoder
+// makes room for all of a chunk before it reads any.
+bool HoldsItsChunks(std::span<const std::uint8_t> bytes) {
+  constexpr std::array<std::uint8_t, 8> kSignature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  constexpr std::array<std::uint8_t, 4> kLastType{'I', 'E', 'N', 'D'};
+  constexpr std::size_t kBesides = 12;  // length, type and checksum
+  if (bytes.size() < kSignature.size() || !std::equal(kSignature.begin(), kSignature.end(), bytes.begin())) return true;
+  for (auto rest = bytes.subspan(kSignature.size()); rest.size() >= kBesides;) {
+    const std::size_t length =
+        std::size_t{rest[0]} << 24 | std::size_t{rest[1]} << 16 | std::size_t{rest[2]} << 8 | rest[3];
+    if (length > rest.size() - kBesides) return false;
+    if (std::equal(kLastType.begin(), kLastType.end(), rest.begin() + 4)) return true;  // what follows is not read
+    rest = rest.subspan(length + kBesides);
+  }
+  return true;
+}
+
 struct FreePixels {
   void operator()(stbi_uc* pixels) const { stbi_image_free(pixels); }
 };
@@ -26,6 +45,7 @@ struct FreePixels {
 
 std::optional<base::Image> DecodeImage(std::span<const std::uint8_t> bytes) {
   if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return std::nullopt;
+  if (!HoldsItsChunks(bytes)) return std::nullopt;
   const int size = static_cast<int>(bytes.size());
   base::Image image;
   int channels = 0;

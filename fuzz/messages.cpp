@@ -1,0 +1,17 @@
+// Sequences of messages and calls, as a host sends them and as none should.
+#include "fuzz/steps.h"
+
+namespace qen::fuzz {
+
+void Try(Input input) {
+  Stage stage;
+  stage.Load();
+  stage.Frame(1.0);  // the entrance is over
+  Play play(stage, input);
+  play.TakeSteps();
+  stage.Frame();
+  stage.Draw();
+  stage.gui->Release();  // while the guest lives
+}
+
+}  // namespace qen::fuzz

@@ -1,0 +1,74 @@
+// What messages and calls a host may make, each as a letter of an input with bytes behind it.
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "engine/render_client.h"
+#include "fuzz/bytes.h"
+#include "fuzz/stage.h"
+
+namespace qen::fuzz {
+
+// Draws with a page, and may take a step meanwhile.
+class Guest final : public RenderClient {
+ public:
+  void Draw() override {
+    if (onDraw) onDraw();
+  }
+  void Detach() override { attached = false; }
+  String GetName() override { return u"guest"; }
+
+  std::function<void()> onDraw;
+  bool attached = false;
+};
+
+class Play {
+ public:
+  Play(Stage& stage, Input input);
+
+  void TakeSteps();  // all of the input
+  void TakeStep();   // the next one; an unknown letter is none
+
+  // Chosen by the next bytes; null when there is none.
+  ICGUIObject* Widget();
+  template <class Kind>
+  Kind* WidgetOf();  // the next one of that kind
+  ICGUIPageObject* Page();
+  std::uint32_t PageIndex();  // perhaps out of range
+
+  // The step behind this one is taken when the GUI calls out next: while a record is delivered, or while it draws.
+  void TakeStepInside();
+
+  Stage& stage;
+  IGui& gui;
+  Bytes bytes;
+  Guest guest;
+  bool handles = true;  // whether the game marks what it gets
+
+ private:
+  void TakeStepsInside();
+
+  std::int32_t waiting_ = 0;
+  std::int32_t depth_ = 0;
+};
+
+struct Step {
+  char letter;
+  void (*take)(Play& play);
+};
+
+std::span<const Step> InputSteps();
+std::span<const Step> BookSteps();
+std::span<const Step> WidgetSteps();
+
+template <class Kind>
+Kind* Play::WidgetOf() {
+  std::vector<Kind*> found;
+  for (ICGUIObject* widget : stage.Widgets()) {
+    if (auto* kind = dynamic_cast<Kind*>(widget)) found.push_back(kind);
+  }
+  return found.empty() ? nullptr : bytes.OneOf(found);
+}
+
+}  // namespace qen::fuzz
