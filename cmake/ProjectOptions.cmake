@@ -26,3 +26,13 @@ if(GUI_SANITIZE)
                                                    -fno-omit-frame-pointer)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# Takes the files of other platforms off a list: *_windows.*, *_windows_test.* and the like.
+function(gui_keep_own_platform list)
+  set(other windows)
+  if(WIN32)
+    set(other posix)
+  endif()
+  list(FILTER ${list} EXCLUDE REGEX "_${other}(_test)?\\.(cpp|h)$")
+  set(${list} "${${list}}" PARENT_SCOPE)
+endfunction()

@@ -7,7 +7,6 @@
 #include <fstream>
 #include <string>
 
-#include "base/recording/recording_engine.h"
 #include "base/utf.h"
 
 namespace qen::platform {
@@ -64,36 +63,6 @@ TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
   file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
   ASSERT_NE(file, nullptr);
   std::fclose(file);
-}
-
-TEST_F(PlatformTest, AsksTheWindow) {
-  POINT point{5, 6};
-  RECT rect;
-  EXPECT_FALSE(GetCursorPos(&point));
-  EXPECT_FALSE(SetCursorPos(1, 2));
-  EXPECT_FALSE(ScreenToClient(nullptr, &point));
-  EXPECT_FALSE(ClientToScreen(nullptr, &point));
-  EXPECT_FALSE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(point.x, 5) << "unchanged";
-
-  base::RecordingEngine engine;
-  EXPECT_TRUE(SetCursorPos(130, 60));
-  EXPECT_TRUE(GetCursorPos(&point));
-  EXPECT_EQ(point.x, 130);
-  EXPECT_TRUE(ScreenToClient(nullptr, &point));
-  EXPECT_EQ(point.x, 30);
-  EXPECT_EQ(point.y, 10);
-  EXPECT_TRUE(ClientToScreen(nullptr, &point));
-  EXPECT_EQ(point.y, 60);
-  EXPECT_TRUE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(rect.right, 800);
-  EXPECT_EQ(rect.bottom, 600);
-  EXPECT_FALSE(GetCursorPos(nullptr));
-
-  engine.clock.Advance(1.5);
-  EXPECT_EQ(timeGetTime(), 1500U);
-  engine.clock.Advance(4294967.296);  // 32 bits of milliseconds
-  EXPECT_EQ(timeGetTime(), 1500U);
 }
 
 }  // namespace
