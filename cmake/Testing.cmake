@@ -21,9 +21,11 @@ function(gui_add_test name)
     return()
   endif()
   if(CMAKE_CROSSCOMPILING)
+    # Relative, since the system that runs them has other roots.
+    file(RELATIVE_PATH reports ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/reports)
     add_test(
       NAME ${name}
-      COMMAND ${name} --gtest_brief=1 --gtest_output=xml:${PROJECT_BINARY_DIR}/reports/
+      COMMAND ${name} --gtest_brief=1 --gtest_output=xml:${reports}/
       WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     set_tests_properties(${name} PROPERTIES TIMEOUT 120)
     return()

@@ -26,7 +26,7 @@ class PlatformTest : public testing::Test {
 
   void Write(const char* name, const std::string& text) const { std::ofstream(folder / name) << text; }
 
-  [[nodiscard]] std::string Read(const char* name) const {
+  [[nodiscard]] std::string Read(const fs::path& name) const {
     std::ifstream file(folder / name);
     return {std::istreambuf_iterator<char>(file), {}};
   }
@@ -59,7 +59,7 @@ TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
   ASSERT_NE(file, nullptr) << "folders that exist in another letter case are those";
   std::fputs("text", file);
   std::fclose(file);
-  EXPECT_EQ(Read("Men\xC3\xBCs/Main.txt"), "text");
+  EXPECT_EQ(Read(u8"Men\u00FCs/Main.txt"), "text");
   file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
   ASSERT_NE(file, nullptr);
   std::fclose(file);
