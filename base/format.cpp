@@ -57,8 +57,11 @@ int ReadNumber(const Char*& at, Arguments& arguments) {
 std::size_t ReadIntegerSize(const Char*& at) {
   std::size_t size = sizeof(int);
   for (;; ++at) {
-    if (*at == u'l') {
-      size = size == sizeof(int) ? sizeof(long) : sizeof(long long);
+    if (*at == u'l' && at[1] == u'l') {
+      size = sizeof(long long);
+      ++at;
+    } else if (*at == u'l') {
+      size = sizeof(long);
     } else if (*at == u'z' || *at == u't' || *at == u'j') {
       size = sizeof(std::size_t);
     } else if (*at != u'h') {

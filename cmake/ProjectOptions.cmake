@@ -33,3 +33,13 @@ function(gui_watch_coverage target)
     target_compile_options(${target} PRIVATE -fsanitize-coverage=inline-8bit-counters,pc-table)
   endif()
 endfunction()
+
+# Takes the files of other platforms off a list: *_windows.*, *_windows_test.* and the like.
+function(gui_keep_own_platform list)
+  set(other windows)
+  if(WIN32)
+    set(other posix)
+  endif()
+  list(FILTER ${list} EXCLUDE REGEX "_${other}(_test)?\\.(cpp|h)$")
+  set(${list} "${${list}}" PARENT_SCOPE)
+endfunction()

@@ -10,45 +10,12 @@
 #include "engine/types.h"
 
 #if defined(_WIN32)
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
-// Behind windows.h.
-#include <mmsystem.h>
+#include "engine/platform_windows.h"
 #endif
 
 namespace qen::platform {
 
-#if defined(_WIN32)
-
-using ::POINT;
-using ::RECT;
-
-inline const wchar_t* Wide(const Char* text) { return reinterpret_cast<const wchar_t*>(text); }
-
-inline bool GetCursorPos(POINT* point) { return ::GetCursorPos(point) != 0; }
-inline bool SetCursorPos(int x, int y) { return ::SetCursorPos(x, y) != 0; }
-inline bool ScreenToClient(WindowHandle window, POINT* point) {
-  return ::ScreenToClient(static_cast<HWND>(window), point) != 0;
-}
-inline bool ClientToScreen(WindowHandle window, POINT* point) {
-  return ::ClientToScreen(static_cast<HWND>(window), point) != 0;
-}
-inline bool GetClientRect(WindowHandle window, RECT* rect) {
-  return ::GetClientRect(static_cast<HWND>(window), rect) != 0;
-}
-inline std::uint32_t timeGetTime() { return ::timeGetTime(); }
-inline bool CopyFileW(const Char* from, const Char* to, bool failIfExists) {
-  return ::CopyFileW(Wide(from), Wide(to), failIfExists ? 1 : 0) != 0;
-}
-inline int _wmkdir(const Char* folder) { return ::_wmkdir(Wide(folder)); }
-inline std::FILE* _wfopen(const Char* file, const Char* mode) { return ::_wfopen(Wide(file), Wide(mode)); }
-
-#else
+#if !defined(_WIN32)
 
 struct POINT {
   std::int32_t x = 0;

@@ -19,7 +19,7 @@ ALLOWED = {
     "host": ["engine", "base"],
 }
 NO_LIBRARIES = MODULE_FOLDERS + ["base"]  # the standard library alone
-SYSTEM_HEADERS = {"engine": {"windows.h", "mmsystem.h"}, "base": {"io.h", "sys/stat.h", "unistd.h"}}
+SYSTEM_HEADERS = {"engine": {"windows.h", "mmsystem.h"}, "base": {"fcntl.h", "io.h", "sys/stat.h", "unistd.h", "windows.h"}}
 
 
 def problems_of(path, text, graph):

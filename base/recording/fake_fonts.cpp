@@ -29,7 +29,7 @@ class FakeFace final : public IFontFace {
     ++owner_.shapeCount;
     const TextMetric metric = Metric();
     const bool flat = style == GlyphStyle::Bitmap;
-    const std::uint32_t texture = flat ? FakeFonts::kBitmapTexture : FakeFonts::kDistanceFieldTexture;
+    const std::uint32_t texture = flat ? kBitmapTexture : kDistanceFieldTexture;
     line.glyphs.clear();
     line.width = 0.0F;
     line.rightToLeft = !text.empty() && text.front() >= kFirstHebrew && text.front() <= kLastArabic;

@@ -136,7 +136,7 @@ TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
   const DrawItem& item = engine.render.frame.items[0];
   EXPECT_EQ(item.kind, DrawKind::Triangles2D);
   EXPECT_EQ(item.textureUse, TextureUse::Coverage);
-  EXPECT_EQ(item.texture, FakeFonts::kBitmapTexture);
+  EXPECT_EQ(item.texture, kBitmapTexture);
   EXPECT_EQ(item.vertexCount, 18U);
   EXPECT_EQ(engine.render.frame.vertices[0].argb, 0x80FF0000U);
 }

@@ -7,7 +7,6 @@
 #include <fstream>
 #include <string>
 
-#include "base/recording/recording_engine.h"
 #include "base/utf.h"
 
 namespace qen::platform {
@@ -27,7 +26,7 @@ class PlatformTest : public testing::Test {
 
   void Write(const char* name, const std::string& text) const { std::ofstream(folder / name) << text; }
 
-  [[nodiscard]] std::string Read(const char* name) const {
+  [[nodiscard]] std::string Read(const fs::path& name) const {
     std::ifstream file(folder / name);
     return {std::istreambuf_iterator<char>(file), {}};
   }
@@ -60,40 +59,10 @@ TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
   ASSERT_NE(file, nullptr) << "folders that exist in another letter case are those";
   std::fputs("text", file);
   std::fclose(file);
-  EXPECT_EQ(Read("Men\xC3\xBCs/Main.txt"), "text");
+  EXPECT_EQ(Read(u8"Men\u00FCs/Main.txt"), "text");
   file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
   ASSERT_NE(file, nullptr);
   std::fclose(file);
-}
-
-TEST_F(PlatformTest, AsksTheWindow) {
-  POINT point{5, 6};
-  RECT rect;
-  EXPECT_FALSE(GetCursorPos(&point));
-  EXPECT_FALSE(SetCursorPos(1, 2));
-  EXPECT_FALSE(ScreenToClient(nullptr, &point));
-  EXPECT_FALSE(ClientToScreen(nullptr, &point));
-  EXPECT_FALSE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(point.x, 5) << "unchanged";
-
-  base::RecordingEngine engine;
-  EXPECT_TRUE(SetCursorPos(130, 60));
-  EXPECT_TRUE(GetCursorPos(&point));
-  EXPECT_EQ(point.x, 130);
-  EXPECT_TRUE(ScreenToClient(nullptr, &point));
-  EXPECT_EQ(point.x, 30);
-  EXPECT_EQ(point.y, 10);
-  EXPECT_TRUE(ClientToScreen(nullptr, &point));
-  EXPECT_EQ(point.y, 60);
-  EXPECT_TRUE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(rect.right, 800);
-  EXPECT_EQ(rect.bottom, 600);
-  EXPECT_FALSE(GetCursorPos(nullptr));
-
-  engine.clock.Advance(1.5);
-  EXPECT_EQ(timeGetTime(), 1500U);
-  engine.clock.Advance(4294967.296);  // 32 bits of milliseconds
-  EXPECT_EQ(timeGetTime(), 1500U);
 }
 
 }  // namespace

@@ -70,7 +70,10 @@ class SavingTest : public GuiTest {
   [[nodiscard]] std::vector<std::string> FilesIn(const std::filesystem::path& place) const {
     std::vector<std::string> names;
     std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator(place, none)) names.push_back(entry.path().filename());
+    for (const auto& entry : std::filesystem::directory_iterator(place, none)) {
+      const std::u8string name = entry.path().filename().u8string();
+      names.emplace_back(name.begin(), name.end());
+    }
     std::ranges::sort(names);
     return names;
   }

@@ -1,9 +1,6 @@
 #include "tests/module/gui_fixture.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
-#include <stdexcept>
 
 #include "engine/mesh.h"
 #include "engine/msg_daemon.h"
@@ -12,18 +9,6 @@
 #include "engine/system.h"
 
 namespace qen::test {
-
-Module::Module() : library_(dlopen(GUI_MODULE_FILE, RTLD_NOW | RTLD_LOCAL)) {
-  if (library_ == nullptr) throw std::runtime_error(dlerror());
-}
-
-Module::~Module() { dlclose(library_); }
-
-void* Module::Symbol(const char* name) const {
-  void* symbol = dlsym(library_, name);
-  if (symbol == nullptr) throw std::runtime_error(dlerror());
-  return symbol;
-}
 
 std::int32_t Listener::OnMessage(const Msg& message) {
   if (message.id != message::kCommand && message.id != message::kNotification) return 0;
@@ -50,6 +35,7 @@ std::int32_t AddButton(base::SceneData& scene, const String& name, const Vec3& p
 std::string Narrow(StringView text) { return base::ToUtf8(text); }
 
 GuiTest::GuiTest() {
+  module.UseWindow(&engine.window);
   gui = module.Export<ActivateDllFunction>(kActivateDll)();
   System::gui = gui;
   System::daemon->AddHandler(&listener, 0x80000000U);

@@ -37,6 +37,9 @@ class Module {
     return reinterpret_cast<Function>(Symbol(name));
   }
 
+  // What the module hears of cursor and window; null for the system's own, where the module asks the system.
+  void UseWindow(base::FakeWindow* window);
+
  private:
   void* Symbol(const char* name) const;
 

@@ -325,7 +325,7 @@ TEST_F(RoundTrip, KeepsThePagesOfTheSample) {
     }
     isBag ? gui->AddBagPage(file.c_str(), &engine.camera) : gui->AddPage(file.c_str(), &engine.camera);
     ASSERT_FALSE(gui->GetPage(0)->items.empty()) << entry.path();
-    Check(0, isBag, entry.path());
+    Check(0, isBag, entry.path().string());
     gui->Release();
     ++pages;
   }

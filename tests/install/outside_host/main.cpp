@@ -1,7 +1,5 @@
 // A whole host of the GUI module. The recording engine stands in for a real one: files, scenes and window are in
 // memory. It shows a page of one button, clicks it, and prints the command that the button posts.
-#include <dlfcn.h>
-
 #include <cstdio>
 
 #include "base/recording/recording_engine.h"
@@ -13,7 +11,9 @@
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
 #include "engine/object.h"
+#include "engine/platform.h"
 #include "engine/system.h"
+#include "system.h"
 
 namespace {
 
@@ -59,8 +59,9 @@ void Frame(RecordingEngine& engine) {
 
 // The button is in the middle of the world, which the camera sees in the middle of the window.
 void ClickButton(RecordingEngine& engine) {
-  const auto [x, y] = engine.window.origin;
-  engine.window.SetCursor({x + engine.window.size.x / 2, y + engine.window.size.y / 2});
+  qen::platform::POINT middle{engine.window.size.x / 2, engine.window.size.y / 2};
+  qen::platform::ClientToScreen(System::GetMainWindowHandle(), &middle);
+  qen::platform::SetCursorPos(middle.x, middle.y);
   Send(qen::message::kMouseMove);
   for (const std::uint32_t change : {qen::message::kButtonDown, qen::message::kButtonUp}) {
     Send(change, 1);
@@ -73,13 +74,14 @@ void ClickButton(RecordingEngine& engine) {
 int main() {
   RecordingEngine engine;
   AddPageFiles(engine);
-  void* module = dlopen(GUI_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+  OpenWindow(engine.window.size.x, engine.window.size.y);
+  void* module = LoadModule(GUI_MODULE_FILE);
   if (module == nullptr) {
-    std::fprintf(stderr, "%s\n", dlerror());
+    std::fprintf(stderr, "cannot load %s\n", GUI_MODULE_FILE);
     return 1;
   }
-  const auto activate = reinterpret_cast<qen::ActivateDllFunction>(dlsym(module, qen::kActivateDll));
-  const auto deactivate = reinterpret_cast<qen::DeactivateDllFunction>(dlsym(module, qen::kDeactivateDll));
+  const auto activate = reinterpret_cast<qen::ActivateDllFunction>(FindFunction(module, qen::kActivateDll));
+  const auto deactivate = reinterpret_cast<qen::DeactivateDllFunction>(FindFunction(module, qen::kDeactivateDll));
   System::gui = activate();
 
   Game game;
@@ -93,7 +95,7 @@ int main() {
   System::daemon->RemoveHandler(&game, qen::category::kAll);
   deactivate();
   System::gui = nullptr;
-  dlclose(module);
+  UnloadModule(module);
   std::printf("%s\n", qen::base::ToUtf8(game.command).c_str());
   return game.command.empty() ? 1 : 0;
 }

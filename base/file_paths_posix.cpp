@@ -1,12 +1,12 @@
-#include "base/file_paths.h"
-
 #include <algorithm>
 #include <system_error>
 
+#include "base/file_paths.h"
 #include "base/utf.h"
 #include "engine/string_converter.h"
 
 namespace qen::base {
+
 namespace {
 
 namespace fs = std::filesystem;

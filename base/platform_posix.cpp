@@ -1,7 +1,3 @@
-#include "engine/platform.h"
-
-#if !defined(_WIN32)
-
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -14,6 +10,7 @@
 #include "base/file_paths.h"
 #include "base/record.h"
 #include "base/whole_file.h"
+#include "engine/platform.h"
 
 namespace qen::platform {
 namespace {
@@ -129,5 +126,3 @@ std::FILE* _wfopen(const Char* file, const Char* mode) {
 }
 
 }  // namespace qen::platform
-
-#endif
