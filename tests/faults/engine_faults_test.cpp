@@ -1,5 +1,5 @@
-// The sample on an engine that fails in one call: whatever call that is, the rest goes on, all is given back, and the next
-// loading is as if nothing had been.
+// The sample on an engine that fails in one call: whatever call that is, the rest goes on, all is given back, and the
+// next loading is as if nothing had been.
 #include <gmock/gmock.h>
 
 #include <algorithm>

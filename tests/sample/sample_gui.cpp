@@ -20,9 +20,9 @@ constexpr std::int32_t kLongestWait = 200;  // frames
 
 std::int32_t SampleGame::OnMessage(const Msg& message) {
   if (message.id != message::kCommand && message.id != message::kNotification) return 0;
-  constexpr std::array<StringView, 11> kWords{u"picture",   u"newgame",    u"loadgame", u"volume", u"fullscreen",
-                                              u"subtitles", u"difficulty", u"journey",  u"year",   u"language",
-                                              u"quit"};
+  constexpr std::array<StringView, 11> kWords{u"picture",    u"newgame",   u"loadgame",   u"volume",
+                                              u"fullscreen", u"subtitles", u"difficulty", u"journey",
+                                              u"year",       u"language",  u"quit"};
   ++offered;
   auto& record = *reinterpret_cast<GuiMessage*>(message.second);
   if (std::ranges::find(kWords, record.command) == kWords.end()) return 0;
