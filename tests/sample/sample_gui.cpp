@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "commands/command_words.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
 #include "host/app/pages.h"
@@ -20,12 +21,13 @@ constexpr std::int32_t kLongestWait = 200;  // frames
 
 std::int32_t SampleGame::OnMessage(const Msg& message) {
   if (message.id != message::kCommand && message.id != message::kNotification) return 0;
-  constexpr std::array<StringView, 11> kWords{u"picture",    u"newgame",   u"loadgame",   u"volume",
-                                              u"fullscreen", u"subtitles", u"difficulty", u"journey",
-                                              u"year",       u"language",  u"quit"};
+  using namespace command;  // NOLINT(google-build-using-namespace): its words
+  constexpr std::array kOfTheGui{
+      kSetPage,       kUndoPage,   kAddRenderPage, kRemRenderPage, kAddActivePage, kRemActivePage, kRemoveAllFromRender,
+      kToggleChecked, kRadioGroup, kShow,          kHide,          kDisable,       kSetText};
   ++offered;
   auto& record = *reinterpret_cast<GuiMessage*>(message.second);
-  if (std::ranges::find(kWords, record.command) == kWords.end()) return 0;
+  if (std::ranges::find(kOfTheGui, record.command) != kOfTheGui.end()) return 0;
   record.handled = 1;
   if (System::gui == nullptr) return 0;
   if (record.command == u"language") System::gui->SetLanguage(record.argument);
