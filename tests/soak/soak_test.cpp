@@ -10,6 +10,7 @@
 #include <limits>
 #include <map>
 #include <random>
+#include <set>
 
 #include "engine/drawing.h"
 #include "engine/font.h"
@@ -179,9 +180,7 @@ class Soak : public ::testing::Test {
   // How many of the button's meshes are drawn.
   static std::uint32_t MeshesOn(const ICGUIObject* button) {
     if (button == nullptr) return 0;
-    std::vector<const TMNode*> nodes{button->normalNode, button->onMouseNode, button->disabledNode};
-    std::ranges::sort(nodes);
-    nodes.erase(std::ranges::unique(nodes).begin(), nodes.end());
+    const std::set<const TMNode*> nodes{button->normalNode, button->onMouseNode, button->disabledNode};
     std::uint32_t on = 0;
     for (const TMNode* node : nodes) {
       const auto* info = node != nullptr ? static_cast<const NodeDrawInfo*>(node->userData) : nullptr;
@@ -267,7 +266,7 @@ class Soak : public ::testing::Test {
     fonts.Destroy(font);
   }
 
-  std::mt19937 random;
+  std::mt19937 random{1};  // seeded by the test
   SampleGui sample;
   std::vector<std::uint32_t> selected;
   std::map<const ICGUIObject*, std::int32_t> lastMax;  // at the last look
@@ -292,7 +291,7 @@ TEST_F(Soak, RandomMessagesBreakNothing) {
     heaps.push_back(HeapBytes());
   }
   if (heaps.size() < 3) return;
-  constexpr std::size_t kRoom = 2 * 1024 * 1024;  // for storage as large as the longest queue was
+  constexpr std::size_t kRoom = std::size_t{2} * 1024 * 1024;  // for storage as large as the longest queue was
   std::printf("heap %zu to %zu bytes\n", heaps[1], heaps.back());
   EXPECT_LE(heaps.back(), heaps[1] + kRoom);
 }
