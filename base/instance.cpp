@@ -59,8 +59,11 @@ void Instance::GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float
   distance = std::numeric_limits<float>::max();
 }
 
-void Instance::Advance(double seconds) {
-  if (disabled_ || scene_ == nullptr || !animCtrl_.Advance(seconds)) return;
+void Instance::Advance(double seconds, bool shown) {
+  if (scene_ == nullptr) return;
+  if (animCtrl_.Advance(seconds)) moved_ = true;
+  if (!shown || disabled_ || !moved_) return;
+  moved_ = false;
   PoseNodes();
   MoveNodes();
 }

@@ -23,8 +23,9 @@ class Instance final : public InstanceObject {
   void Disable(bool disabled) override;
   void GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) override;
 
-  // Moves the animations on and, when that changed the pose, the nodes that moved.
-  void Advance(double seconds);
+  // Moves the animations on and, when that changed the pose, the nodes that moved. Those of an instance that is not
+  // shown, or disabled, wait until it is again.
+  void Advance(double seconds, bool shown);
 
   void AddAnimation(std::uint32_t index, float frames);
   void Detach();  // the scene is gone: no nodes any more
@@ -38,6 +39,7 @@ class Instance final : public InstanceObject {
   SimpleSceneInstance placed_;
   AnimCtrl animCtrl_;
   bool disabled_ = false;
+  bool moved_ = false;  // the animations have, and the nodes not yet
 
   // By node. What was written into the instance's matrices last is kept, so that a node that somebody else moved is
   // only touched when the animation moves it.

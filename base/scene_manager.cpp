@@ -84,9 +84,7 @@ void SceneService::Animate() {
   const double now = engine_.clock.GetTime();
   const double seconds = now - time_;
   time_ = now;
-  for (auto& [id, placed] : instances_) {
-    if (!placed.scene->disabled) placed.instance->Advance(seconds);
-  }
+  for (auto& [id, placed] : instances_) placed.instance->Advance(seconds, !placed.scene->disabled);
 }
 
 std::int32_t SceneService::NextId() {

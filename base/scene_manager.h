@@ -31,7 +31,7 @@ class SceneService final : public ISceneMng {
 
   void Forget(const SimpleScene& scene);  // it is about to go: its registrations end
 
-  // Moves every instance that is enabled, in an enabled scene, on to the present time.
+  // Moves every instance on to the present time; the nodes of disabled ones stand still.
   void Animate();
 
  private:

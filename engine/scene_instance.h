@@ -51,7 +51,8 @@ class QEN_API SimpleSceneInstance {
 class InstanceBase {
  public:
   virtual ~InstanceBase() = default;
-  virtual void Disable(bool disabled) = 0;  // a disabled instance is not animated
+  // The nodes of a disabled instance stand still. Its animations run on all the same, and end: commands wait for that.
+  virtual void Disable(bool disabled) = 0;
 };
 
 class InstanceObject : public InstanceBase {

@@ -41,9 +41,9 @@ class ISceneMng {
  public:
   virtual ~ISceneMng() = default;
 
-  virtual bool CreateScene(const String& scene, bool enabled) = 0;  // false when the name is taken
-  virtual void DestroyScene(const String& scene) = 0;               // with its instances; its lights are let go
-  virtual void DisableScene(const String& scene, bool disabled) = 0;
+  virtual bool CreateScene(const String& scene, bool enabled) = 0;    // false when the name is taken
+  virtual void DestroyScene(const String& scene) = 0;                 // with its instances; its lights are let go
+  virtual void DisableScene(const String& scene, bool disabled) = 0;  // as InstanceBase::Disable does its instances
 
   // Registers a loaded scene, which stays the caller's. False when the name is taken or the scene null.
   virtual bool AddSimpleScene(const String& name, SimpleScene* scene) = 0;
