@@ -179,5 +179,15 @@ TEST_F(Tooltip, StaysBesideTheCursor) {
   }
 }
 
+TEST_F(Loading, ServicesMayBeMissing) {
+  System::ime = nullptr;
+  System::sound = nullptr;
+  LoadText(u"lang texts.txt name menu.txt tool style.txt");
+  ShowOnly(0);
+  Click(*Find(u"~bok"));
+  DrawPages();
+  gui->Release();
+}
+
 }  // namespace
 }  // namespace qen::test

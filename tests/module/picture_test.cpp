@@ -106,5 +106,18 @@ TEST_F(Picture, WithoutTextureOrMeshStandsTheSame) {
   DrawPages();
 }
 
+TEST_F(Picture, MovesWithItsMatrix) {
+  Matrix4x4 matrix = Matrix4x4::Identity;
+  map->GetMatrix(matrix);
+  matrix.SetTranslation({0, 45, 0});
+  map->SetMatrix(matrix);
+  Aim({0, -10, -1});
+  ClickHere();
+  EXPECT_TRUE(listener.records.empty());
+  Aim({0, 45, -1});
+  ClickHere();
+  EXPECT_EQ(listener.records.size(), 1U);
+}
+
 }  // namespace
 }  // namespace qen::test

@@ -159,5 +159,18 @@ TEST_F(Quad, CannotBeHiddenOrDisabledButItsNodeCanBeTurnedOff) {
   EXPECT_EQ(DrawSlots().size(), 1U);
 }
 
+TEST_F(Quad, MovesItsNode) {
+  ICGUIDummy& quad = OpenQuad();
+  Matrix4x4 moved = Matrix4x4::Identity;
+  moved.SetTranslation({1, 2, 3});
+  quad.SetMatrix(moved);
+  EXPECT_EQ(gui->GetNodeMatrix(0, u"~qslot0")->m[3][1], 2.0F);
+  EXPECT_EQ(quad.node->transform.m[3][2], 3.0F);
+  EXPECT_EQ(quad.node->inverseTransform.m[3][0], -1.0F);
+  Matrix4x4 read = Matrix4x4::Identity;
+  quad.GetMatrix(read);
+  EXPECT_EQ(read.m[3][0], 1.0F);
+}
+
 }  // namespace
 }  // namespace qen::test

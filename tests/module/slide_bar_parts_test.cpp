@@ -99,5 +99,18 @@ TEST_F(SlideBarParts, WorkWithoutEachOther) {
   }
 }
 
+TEST_F(SlideBarParts, HideAtOnce) {
+  OpenBar(false);
+  Frame();
+  for (const bool visible : {true, false, true}) {
+    bar->SetVisible(visible ? 1 : 0);
+    Frame();
+    EXPECT_EQ(bar->state, visible ? 1 : 0);
+    for (const StringView part : {u"barx", u"slider", u"down", u"up"}) {
+      EXPECT_EQ(IsDrawn(u"normal_" + String(part) + u"~sbar"), visible) << Narrow(part);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace qen::test
