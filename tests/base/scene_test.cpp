@@ -85,18 +85,6 @@ TEST_F(SceneTest, ConvertsSpaces) {
   EXPECT_EQ(geometry.vertices[1].position, (Vec3{4, -1, -3}));
 }
 
-TEST_F(SceneTest, AnUnturnedNodeFacesTheViewer) {
-  SceneData data;
-  AddNode(data, u"n");
-  engine.AddScene(u"s", data);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  const Matrix4x4& world = scene.GetNodes()[0]->transform;
-  EXPECT_EQ((world * Vec3{1, 0, 0}), (Vec3{1, 0, 0}));
-  EXPECT_EQ((world * Vec3{0, 1, 0}), (Vec3{0, 0, -1})) << "towards the viewer";
-  EXPECT_EQ((world * Vec3{0, 0, 1}), (Vec3{0, 1, 0}));
-}
-
 TEST_F(SceneTest, CamerasAndBrokenData) {
   SceneData data;
   AddCamera(data, u"Camera01", 0.8F, 2.0F, 500.0F);
@@ -367,25 +355,6 @@ TEST(Scene, MayOutliveTheEngine) {
   engine.reset();
   EXPECT_FALSE(scene.Load(u"s", true));
   EXPECT_TRUE(scene.GetNodes().empty());
-}
-
-TEST_F(SceneTest, RenderDrawsEveryMeshWithTheGivenLights) {
-  SceneData data;
-  AddBox(data, u"near", -1, {0, 0, 5}, {1, 1, 1});
-  AddBox(data, u"far", -1, {0, 0, -5}, {1, 1, 1});
-  engine.AddScene(u"s", data);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  SimpleSceneInstance* placed = Place(scene);
-  engine.camera.SetLookAt({0, 0, -100}, {}, {0, 1, 0});
-  Light light;
-  engine.Draw([&] { placed->Render(&engine.viewport, 2, {&light}); });
-  ASSERT_EQ(engine.render.frame.items.size(), 2U);
-  const DrawItem& nearest = engine.render.frame.items[0];
-  EXPECT_EQ(nearest.distance, 95.0F);
-  EXPECT_EQ(engine.render.frame.items[1].distance, 105.0F);
-  EXPECT_EQ(*nearest.entry.lights, LightList{&light}) << "kept beyond the call";
-  EXPECT_EQ(nearest.world.GetTranslation(), (Vec3{0, 0, -5}));
 }
 
 TEST(AnimCtrl, PlaysStopsAndLoops) {

@@ -77,12 +77,5 @@ TEST(DistanceFieldTest, LeavesRoomAllAround) {
   }
 }
 
-TEST(DistanceFieldTest, AnEmptyPictureIsOutsideEverywhere) {
-  DistanceField field;
-  GlyphPicture made;
-  field.Make({0, 4, 4, 4, std::vector<std::uint8_t>(16, 0)}, kReach, made);
-  EXPECT_TRUE(std::ranges::all_of(made.texels, [](std::uint8_t texel) { return texel == 0; }));
-}
-
 }  // namespace
 }  // namespace qen::host

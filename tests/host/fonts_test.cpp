@@ -105,13 +105,6 @@ TEST_F(FontsTest, HebrewRunsFromTheRightAndNumbersInItFromTheLeft) {
   EXPECT_TRUE(SamePicture(line.glyphs[1], Shape(*face, u"2").glyphs[0]));
 }
 
-TEST_F(FontsTest, TheFirstLetterDecidesOnTheDirectionOfTheLine) {
-  const auto face = Sans();
-  const base::Glyph letter = Shape(*face, u"a").glyphs[0];
-  EXPECT_TRUE(SamePicture(Shape(*face, u"שלום a").glyphs.front(), letter));
-  EXPECT_TRUE(SamePicture(Shape(*face, u"a שלום").glyphs.front(), letter));
-}
-
 TEST_F(FontsTest, PairsAreKernedAndMarksTakeNoRoom) {
   const auto face = Sans();
   EXPECT_LT(Shape(*face, u"AV").width, Shape(*face, u"A").width + Shape(*face, u"V").width - 0.5F);
@@ -182,16 +175,6 @@ TEST_F(FontsTest, BlanksHaveWidthAndNoPicture) {
   const ShapedLine line = Shape(*Sans(), u"   ");
   EXPECT_GT(line.width, 10.0F);
   for (const base::Glyph& glyph : line.glyphs) EXPECT_EQ(glyph.texture, 0U);
-}
-
-TEST_F(FontsTest, TheStorageOfALineIsKept) {
-  const auto face = Sans();
-  ShapedLine line;
-  face->Shape(u"a long line of text", GlyphStyle::DistanceField, line);
-  const base::Glyph* storage = line.glyphs.data();
-  face->Shape(u"short", GlyphStyle::DistanceField, line);
-  EXPECT_EQ(line.glyphs.size(), 5U);
-  EXPECT_EQ(line.glyphs.data(), storage);
 }
 
 TEST_F(FontsTest, DistanceFieldsServeAllSizesAndBitmapsOne) {

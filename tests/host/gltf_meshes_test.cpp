@@ -56,18 +56,12 @@ TEST_F(GltfMeshesTest, TurnStripsAndFansIntoTriangles) {
   const auto indices = R"(,"indices":)" + std::to_string(builder.AddBytes("SCALAR", {0, 1, 3, 2, 0}));
   EXPECT_THAT(SubMesh(Primitive(square, indices + R"(,"mode":5)")).indices, ElementsAre(0, 1, 3, 3, 1, 2, 3, 2, 0));
   EXPECT_THAT(SubMesh(Primitive(square, indices + R"(,"mode":6)")).indices, ElementsAre(0, 1, 3, 0, 3, 2, 0, 2, 0));
-}
-
-TEST_F(GltfMeshesTest, WithoutIndicesTakeTheVerticesInOrder) {
-  EXPECT_THAT(SubMesh(Primitive(Square())).indices, ElementsAre(0, 1, 2));
-  EXPECT_THAT(SubMesh(Primitive(Square(), R"(,"mode":6)")).indices, ElementsAre(0, 1, 2, 0, 2, 3));
-}
-
-TEST_F(GltfMeshesTest, LeaveOutPointsAndLines) {
-  const std::string square = Square();
-  const auto all = SubMeshes(Primitive(square, R"(,"mode":1)") + ',' + Primitive(square, R"(,"mode":4)") + ',' +
-                             Primitive(square, R"(,"mode":0)"));
-  EXPECT_THAT(all, SizeIs(1));
+  EXPECT_THAT(SubMesh(Primitive(square)).indices, ElementsAre(0, 1, 2)) << "without indices";
+  EXPECT_THAT(SubMesh(Primitive(square, R"(,"mode":6)")).indices, ElementsAre(0, 1, 2, 0, 2, 3));
+  EXPECT_THAT(SubMeshes(Primitive(square, R"(,"mode":1)") + ',' + Primitive(square, R"(,"mode":4)") + ',' +
+                        Primitive(square, R"(,"mode":0)")),
+              SizeIs(1))
+      << "points and lines are left out";
 }
 
 TEST_F(GltfMeshesTest, AreFlatWhereNormalsAreMissing) {
@@ -124,20 +118,14 @@ TEST_F(GltfMeshesTest, FollowTheStrideOfInterleavedBuffers) {
   EXPECT_THAT(vertices[2].normal, IsVec3(0.0F, 0.0F, 1.0F));
 }
 
-TEST_F(GltfMeshesTest, ComeFromABufferBesideTheFile) {
-  const std::string primitive = Primitive(Square());
-  files.Add(u"scenes/Kugel Öl.bin", builder.Binary());
-  const std::string json = builder.Json(R"("meshes":[{"primitives":[)" + primitive + "]}]", "Kugel%20%C3%96l.bin");
-  EXPECT_THAT(Scene(ToBytes(json)).meshes, SizeIs(1));
-}
-
-TEST_F(GltfMeshesTest, ComeFromABufferInAUri) {
-  const std::string primitive = Primitive(Square());
+TEST_F(GltfMeshesTest, ComeFromABufferBesideTheFileOrInAUri) {
+  const std::string meshes = R"("meshes":[{"primitives":[)" + Primitive(Square()) + "]}]";
   const std::string uri = "data:application/octet-stream;base64," + ToBase64(builder.Binary());
-  const auto meshes = Scene(ToBytes(builder.Json(R"("meshes":[{"primitives":[)" + primitive + "]}]", uri))).meshes;
-  ASSERT_THAT(meshes, SizeIs(1));
-  EXPECT_THAT(meshes[0][0].vertices[2].position, IsVec3(1.0F, 1.0F, 0.0F));
+  EXPECT_THAT(Scene(ToBytes(builder.Json(meshes, uri))).meshes.at(0).at(0).vertices[2].position,
+              IsVec3(1.0F, 1.0F, 0.0F));
   EXPECT_THAT(files.reads, IsEmpty());
+  files.Add(u"scenes/Kugel Öl.bin", builder.Binary());
+  EXPECT_THAT(Scene(ToBytes(builder.Json(meshes, "Kugel%20%C3%96l.bin"))).meshes, SizeIs(1));
 }
 
 }  // namespace

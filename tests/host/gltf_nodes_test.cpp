@@ -25,17 +25,12 @@ class GltfNodesTest : public GltfTest {
 constexpr const char* kFamily =
     R"("nodes":[{"name":"c"},{"name":"a","children":[3,0]},{"name":"d"},{"name":"b"},{"name":"Über 灯"}],)";
 
-TEST_F(GltfNodesTest, AreInOrderOfTheDefaultSceneDepthFirst) {
-  EXPECT_THAT(Names(std::string(kFamily) + R"("scene":1,"scenes":[{"nodes":[4]},{"nodes":[1,2]}])"),
-              ElementsAre("a", "b", "c", "d"));
-}
-
-TEST_F(GltfNodesTest, AreThoseOfTheFirstSceneWithoutADefault) {
-  EXPECT_THAT(Names(std::string(kFamily) + R"("scenes":[{"nodes":[4]},{"nodes":[1,2]}])"), ElementsAre("Über 灯"));
-}
-
-TEST_F(GltfNodesTest, AreAllOfThemWithoutScenes) {
-  EXPECT_THAT(Names(std::string(kFamily) + R"("extras":0)"), ElementsAre("a", "b", "c", "d", "Über 灯"));
+TEST_F(GltfNodesTest, AreThoseOfTheSceneDepthFirst) {
+  const std::string family = kFamily;
+  EXPECT_THAT(Names(family + R"("scene":1,"scenes":[{"nodes":[4]},{"nodes":[1,2]}])"), ElementsAre("a", "b", "c", "d"));
+  EXPECT_THAT(Names(family + R"("scenes":[{"nodes":[4]},{"nodes":[1,2]}])"), ElementsAre("Über 灯"))
+      << "the first without a default";
+  EXPECT_THAT(Names(family + R"("extras":0)"), ElementsAre("a", "b", "c", "d", "Über 灯")) << "all without scenes";
 }
 
 TEST_F(GltfNodesTest, NameTheirParentsByPosition) {
@@ -55,30 +50,12 @@ TEST_F(GltfNodesTest, MayNestAsDeepAsTheyLike) {
   EXPECT_EQ(scene.nodes.back().parent, kDepth - 2);
 }
 
-TEST_F(GltfNodesTest, HaveTheIdentityAsTheirDefaultPose) {
-  const base::Pose pose = Node("{}").pose;
-  EXPECT_THAT(pose.translation, IsVec3(0.0F, 0.0F, 0.0F));
-  EXPECT_THAT(pose.scale, IsVec3(1.0F, 1.0F, 1.0F));
-  EXPECT_EQ(pose.rotation.w, 1.0F);
-}
-
 TEST_F(GltfNodesTest, KeepTranslationRotationAndScale) {
   const base::Pose pose = Node(R"({"translation":[1,2.5,-3],"rotation":[0.6,0,0,0.8],"scale":[2,3,4]})").pose;
   EXPECT_THAT(pose.translation, IsVec3(1.0F, 2.5F, -3.0F));
   EXPECT_THAT(pose.scale, IsVec3(2.0F, 3.0F, 4.0F));
   EXPECT_FLOAT_EQ(pose.rotation.x, 0.6F);
   EXPECT_FLOAT_EQ(pose.rotation.w, 0.8F);
-}
-
-TEST_F(GltfNodesTest, TakeMatricesApart) {
-  // A quarter turn about z that brings x to y, scaled by 2, 3 and 4, moved to (5, 6, 7).
-  const base::Pose pose = Node(R"({"matrix":[0,2,0,0, -3,0,0,0, 0,0,4,0, 5,6,7,1]})").pose;
-  EXPECT_THAT(pose.translation, IsVec3(5.0F, 6.0F, 7.0F));
-  EXPECT_THAT(pose.scale, IsVec3(2.0F, 3.0F, 4.0F));
-  EXPECT_THAT(pose.rotation.x, FloatNear(0.0F, 1e-5F));
-  EXPECT_THAT(pose.rotation.y, FloatNear(0.0F, 1e-5F));
-  EXPECT_THAT(pose.rotation.z, FloatNear(0.70711F, 1e-5F));
-  EXPECT_THAT(pose.rotation.w, FloatNear(0.70711F, 1e-5F));
 }
 
 struct Turn {
@@ -111,17 +88,24 @@ INSTANTIATE_TEST_SUITE_P(SmallAndLarge, GltfTurnTest,
                                            Turn{{0.48F, 0.8F, 0.36F}, 3.0F}, Turn{{0.36F, 0.48F, 0.8F}, 3.0F},
                                            Turn{{0.0F, 0.6F, -0.8F}, 2.0F}));
 
-TEST_F(GltfNodesTest, MirroredMatricesKeepTheirMirror) {
-  const base::Pose pose = Node(R"({"matrix":[-1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0,1]})").pose;
-  EXPECT_THAT(pose.scale, IsVec3(-1.0F, 1.0F, 1.0F));
-  EXPECT_FLOAT_EQ(pose.rotation.w, 1.0F);
-}
-
-TEST_F(GltfNodesTest, MatricesWithoutSizeHaveASoundPose) {
-  const base::Pose pose = Node(R"({"matrix":[0,0,0,0, 0,0,0,0, 0,0,0,0, 1,2,3,1]})").pose;
-  EXPECT_THAT(pose.scale, IsVec3(0.0F, 0.0F, 0.0F));
-  EXPECT_THAT(pose.translation, IsVec3(1.0F, 2.0F, 3.0F));
-  EXPECT_EQ(pose.rotation.w, 1.0F);
+TEST_F(GltfNodesTest, TakeMatricesApart) {
+  const struct {
+    const char* matrix;
+    Vec3 translation, scale;
+    float z, w;  // of the rotation
+  } kCases[] = {
+      // a quarter turn about z that brings x to y
+      {"0,2,0,0, -3,0,0,0, 0,0,4,0, 5,6,7,1", {5, 6, 7}, {2, 3, 4}, 0.70711F, 0.70711F},
+      {"-1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0,1", {}, {-1, 1, 1}, 0.0F, 1.0F},  // mirrored
+      {"0,0,0,0, 0,0,0,0, 0,0,0,0, 1,2,3,1", {1, 2, 3}, {}, 0.0F, 1.0F},    // without size
+  };
+  for (const auto& c : kCases) {
+    const base::Pose pose = Node(R"({"matrix":[)" + std::string(c.matrix) + "]}").pose;
+    EXPECT_THAT(pose.translation, IsVec3(c.translation.x, c.translation.y, c.translation.z)) << c.matrix;
+    EXPECT_THAT(pose.scale, IsVec3(c.scale.x, c.scale.y, c.scale.z)) << c.matrix;
+    EXPECT_THAT(pose.rotation.z, FloatNear(c.z, 1e-5F)) << c.matrix;
+    EXPECT_THAT(pose.rotation.w, FloatNear(c.w, 1e-5F)) << c.matrix;
+  }
 }
 
 TEST_F(GltfNodesTest, CamerasHaveAFarPlaneOfTheirOwnOrAVeryFarOne) {

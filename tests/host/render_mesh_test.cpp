@@ -66,12 +66,6 @@ TEST_F(RenderMeshTest, AModelledFaceIsUprightInFrontOfTheCamera) {
   EXPECT_NE(At(9, 32).red, 0);
 }
 
-TEST_F(RenderMeshTest, WithoutALightItsColoursAreShown) {
-  AddFullQuad(0.5F, kGrey);
-  Show();
-  EXPECT_THAT(Middle(), IsNear(kGrey, 1));
-}
-
 TEST_F(RenderMeshTest, ARoughPanelThatFacesTheLightKeepsItsColours) {
   AddFullQuad(0.5F, kGrey);
   Light();
@@ -96,13 +90,6 @@ TEST_F(RenderMeshTest, LightFromAboveIsBrighterOnTop) {
     return Middle().red;
   };
   EXPECT_GT(shade({0.0F, 1.0F, 0.0F}), shade({0.0F, -1.0F, 0.0F}) + 20);
-}
-
-TEST_F(RenderMeshTest, MetalMirrorsItsSurroundings) {
-  AddFullQuad(0.5F, kWhite).GetMaterialParams().metallic = 1.0F;
-  Light();
-  Show();
-  EXPECT_GT(Middle().red, 120);
 }
 
 TEST_F(RenderMeshTest, AFlattenedNodeIsLitAsItWas) {

@@ -1,5 +1,4 @@
 // What hides what, and what is blended over what.
-#include "host/render/draw_order.h"
 #include "tests/host/graphics_test.h"
 
 namespace qen::host {
@@ -11,11 +10,6 @@ constexpr std::uint32_t kHalfRed = 0x80FF0000;
 constexpr std::uint32_t kHalfGreen = 0x8000FF00;
 
 class RenderOrderTest : public GraphicsTest {};
-
-TEST_F(RenderOrderTest, AnEmptyFrameIsBlack) {
-  Show();
-  EXPECT_EQ(Middle(), kBlack);
-}
 
 TEST_F(RenderOrderTest, TheNearerMeshHidesTheFartherWhateverTheirOrder) {
   AddFullQuad(0.2F, kRed);
@@ -120,24 +114,6 @@ TEST_F(RenderOrderTest, LinesJoinTheirPoints) {
   EXPECT_EQ(At(4, 15), kWhite);
   EXPECT_EQ(At(28, 15), kWhite);
   EXPECT_EQ(At(16, 12), kBlack);
-}
-
-TEST_F(RenderOrderTest, SortingAgainTakesNoNewMemory) {
-  for (int i = 0; i < 100; ++i) AddFullRectangle3D(static_cast<float>(i % 7), kHalfRed);
-  DrawOrder order;
-  order.Sort(list, list.layers[0]);
-  const std::uint32_t* storage = order.blended.data();
-  ASSERT_EQ(order.blended.size(), 100U);
-  order.Sort(list, list.layers[0]);
-  EXPECT_EQ(order.blended.data(), storage);
-  for (std::size_t i = 1; i < order.blended.size(); ++i) {
-    const std::uint32_t before = order.blended[i - 1];
-    const std::uint32_t here = order.blended[i];
-    EXPECT_GE(list.items[before].distance, list.items[here].distance);
-    if (list.items[before].distance == list.items[here].distance) {
-      EXPECT_LT(before, here);
-    }
-  }
 }
 
 }  // namespace

@@ -75,15 +75,6 @@ TEST_F(SdlWindowTest, TheCursorIsThatOfTheEventTakenLast) {
   EXPECT_FALSE(window.NextEvent().has_value());
 }
 
-TEST_F(SdlWindowTest, TextArrivesUnitByUnit) {
-  Drain();
-  Push(Text(SDL_TEXTINPUT, "a\xF0\x9D\x84\x9E"));
-  const std::vector<InputEvent> events = Drain();
-  ASSERT_EQ(events.size(), 3U);
-  EXPECT_EQ(events[1].value, 0xD834);
-  EXPECT_EQ(events[2].value, 0xDD1E);
-}
-
 TEST_F(SdlWindowTest, TheInputMethodComposesWhileItIsEnabled) {
   SdlIme ime(window);
   EXPECT_EQ(SDL_IsTextInputActive(), SDL_FALSE);

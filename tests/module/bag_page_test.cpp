@@ -1,9 +1,6 @@
 // The bag: how entries are laid out on its slots.
 #include <gmock/gmock.h>
 
-#include <chrono>
-#include <numeric>
-
 #include "engine/scene_manager.h"
 #include "engine/system.h"
 #include "tests/module/bag_fixture.h"
@@ -246,15 +243,6 @@ TEST_F(BagPage, SortsSlotsByIdAsExchangingEveryPairDoes) {
   }
 }
 
-TEST_F(BagPage, LaysOutInTheOrderOfTheIdsOfItsDefinition) {
-  ICGUIPageObject* bag =
-      OpenBagOf(3, u"item ~qslot0 { id 30 active 1 } item ~qslot1 { id 10 active 1 } item ~qslot2 { id 20 active 1 }");
-  bag->SetBagItems({&a, &b, &c});
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(3, 1, 2)) << "from left to right";
-  EXPECT_EQ(bag->items[0]->info->name, u"~qslot1");
-  EXPECT_EQ(bag->FindItem(u"~qslot0"), bag->items[2]);
-}
-
 TEST_F(BagPage, DrawsSlotsInsteadOfTheirMeshes) {
   base::SceneData scene;
   base::AddBox(scene, u"backdrop", -1, {0, 0, -50}, {100, 80, 1});
@@ -319,55 +307,6 @@ TEST_F(BagPage, SurvivesEntriesThatChangeTheBag) {
   c.onAsked = [bag] { bag->Unload(); };
   Frame();
   EXPECT_TRUE(bag->items.empty());
-}
-
-TEST_F(BagPage, HasNoneOfAPagesClientsAndIgnoresTheMouse) {
-  ICGUIPageObject* bag = OpenBagOf(1, u"item ~qslot0 { active 1 message use:it }");
-  bag->RegisterRenderObject(nullptr);
-  bag->UnregisterRenderObject(nullptr);
-  EXPECT_TRUE(bag->renderClients.empty());
-  Click(*bag->items[0]);
-  EXPECT_TRUE(listener.records.empty());
-}
-
-// The shortest of some runs, so that what else the machine does counts little.
-template <class Work>
-double FastestOf(int runs, const Work& work) {
-  double fastest = 1e9;
-  for (int i = 0; i < runs; ++i) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    fastest = std::min(fastest, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-  }
-  return fastest;
-}
-
-TEST_F(BagPage, LoadsAndUpdatesThousandsOfSlotsInLinearTime) {
-  constexpr std::size_t kFew = 1000, kMany = 16000;
-  engine.RecordCalls(false);
-  AddBag(engine, u"few", kFew, ActiveSlots(kFew));
-  AddBag(engine, u"many", kMany, ActiveSlots(kMany));
-  const auto load = [this](const String& file) {
-    return FastestOf(3, [&] {
-      gui->Release();
-      OpenBag(file);
-    });
-  };
-  // Sixteen times as much; a quadratic step would make it 256 times.
-  constexpr double kLimit = 64.0;
-  const double few = load(u"few.txt"), many = load(u"many.txt");
-  EXPECT_LT(many / few, kLimit) << few << " s and " << many << " s";
-
-  std::vector<IBagEntry*> entries(kMany, &a);
-  const auto frames = [&](const String& file) {
-    gui->Release();
-    ICGUIPageObject* bag = OpenBag(file);
-    bag->SetBagItems(entries);
-    bag->Pick(nullptr, 0, 0, 0, 0, 0);
-    return FastestOf(5, [bag] { bag->Pick(nullptr, 0, 0, 0, 0, 0); });
-  };
-  const double fewFrame = frames(u"few.txt"), manyFrame = frames(u"many.txt");
-  EXPECT_LT(manyFrame / fewFrame, kLimit) << fewFrame << " s and " << manyFrame << " s";
 }
 
 }  // namespace

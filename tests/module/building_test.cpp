@@ -1,7 +1,5 @@
 // From scene nodes to widgets.
 #include "engine/scene.h"
-#include "engine/scene_manager.h"
-#include "engine/system.h"
 #include "tests/module/gui_fixture.h"
 
 namespace qen::test {
@@ -116,18 +114,6 @@ TEST_F(Building, WidgetsWithoutTheirNodesAreInert) {
   }
 }
 
-TEST_F(Building, NodesOfTheSameNameShareOneNodeSafely) {
-  base::SceneData scene;
-  AddButton(scene, u"twin", {});
-  AddButton(scene, u"twin", {40, 0, 0});
-  ICGUIPageObject* page = OpenScene(u"s.glb", std::move(scene));
-  ASSERT_EQ(page->items.size(), 2U);
-  EXPECT_EQ(gui->FindObjects(u"~btwin").size(), 2U);
-  ShowOnly(0);
-  Frame();
-  DrawPages();
-}
-
 TEST_F(Building, PagesOfTheSameBaseNameStaySafe) {
   AddButtonPage(u"same", {u"ok"}, u"anim_in move.glb");
   engine.AddAnimation(u"move.glb", base::MoveNode(u"~bok", {}, {0, 10, 0}, 1.0F));
@@ -143,55 +129,6 @@ TEST_F(Building, PagesOfTheSameBaseNameStaySafe) {
   Frame();
   DrawPages();
   EXPECT_EQ(first->FindNodeMatrix(u"~bok"), nullptr);
-}
-
-// Refuses one kind of call, as a scene manager out of memory does.
-class RefusingScenes final : public ISceneMng {
- public:
-  enum Refusal { kScene, kSimpleScene, kInstance, kInstanceObject };
-
-  RefusingScenes(ISceneMng& real, Refusal refusal) : real_(real), refusal_(refusal) {}
-
-  bool CreateScene(const String& s, bool e) override { return refusal_ != kScene && real_.CreateScene(s, e); }
-  void DestroyScene(const String& s) override { real_.DestroyScene(s); }
-  void DisableScene(const String& s, bool d) override { real_.DisableScene(s, d); }
-  bool AddSimpleScene(const String& n, SimpleScene* s) override {
-    return refusal_ != kSimpleScene && real_.AddSimpleScene(n, s);
-  }
-  void RemoveSimpleScene(const String& n) override { real_.RemoveSimpleScene(n); }
-  bool AddLight(const String& s, Light* l, const AttachDesc& a) override { return real_.AddLight(s, l, a); }
-  std::int32_t CreateInstance(const String& s, const String& n, const Matrix4x4& m, const InstanceDesc& d,
-                              const AttachDesc& a) override {
-    return refusal_ == kInstance ? -1 : real_.CreateInstance(s, n, m, d, a);
-  }
-  void DestroyInstance(std::int32_t i) override { real_.DestroyInstance(i); }
-  InstanceObject* GetInstance(std::int32_t i) override {
-    return refusal_ == kInstanceObject ? nullptr : real_.GetInstance(i);
-  }
-
- private:
-  ISceneMng& real_;
-  Refusal refusal_;
-};
-
-TEST_F(Building, GoesOnWhenTheSceneManagerRefuses) {
-  AddButtonPage(u"menu", {u"ok"}, u"item ~bok { tooltip 4 }");
-  ISceneMng* real = System::sceneMng;
-  std::uint32_t page = 0;
-  for (const auto refusal : {RefusingScenes::kScene, RefusingScenes::kSimpleScene, RefusingScenes::kInstance,
-                             RefusingScenes::kInstanceObject}) {
-    RefusingScenes refusing(*real, refusal);
-    System::sceneMng = &refusing;
-    OpenPage(u"menu.txt");
-    ShowOnly(page);
-    Frame();
-    DrawPages();
-    const bool built = refusal == RefusingScenes::kInstance || refusal == RefusingScenes::kInstanceObject;
-    EXPECT_EQ(gui->GetPageItems(page).size(), built ? 1U : 0U);
-    gui->GetPage(page)->Unload();
-    System::sceneMng = real;
-    ++page;
-  }
 }
 
 }  // namespace

@@ -105,18 +105,16 @@ TEST_F(Button, SoundsOnceOnEnteringAndOnEachClick) {
 
 TEST_F(Button, ReportsToThePageAndTakesTheFocus) {
   const base::Point at = ProjectMiddle(*quit);
-  const auto x = static_cast<std::uint32_t>(at.x);
-  const auto y = static_cast<std::uint32_t>(at.y);
-  const PickResult* result = page->Pick(&engine.viewport, x, y, 0, 0, 0);
+  const PickResult* result = PickAt(at, 0);
   ASSERT_NE(result, nullptr);
   EXPECT_EQ(result->hovered, quit);
   EXPECT_EQ(result->clicked, nullptr);
   EXPECT_EQ(page->focusIndex, 1);
-  result = page->Pick(&engine.viewport, x, y, 1, 2, 0);
+  result = page->Pick(&engine.viewport, static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y), 1, 2, 0);
   ASSERT_NE(result, nullptr) << "the larger button state counts";
   EXPECT_EQ(result->clicked, quit);
   EXPECT_EQ(result->hovered, quit);
-  EXPECT_EQ(page->Pick(&engine.viewport, x, y, 1, 0, 0), nullptr) << "held";
+  EXPECT_EQ(PickAt(at, 1), nullptr) << "held";
 }
 
 TEST_F(Button, MovesWithItsMatrix) {
@@ -135,8 +133,7 @@ TEST_F(Button, TheEarlierOfTwoOverlappingIsPicked) {
   matrix.SetTranslation(matrix.GetTranslation() + Vec3{0, 0, 20.0F});
   quit->SetMatrix(matrix);
   const base::Point at = ProjectMiddle(*quit);
-  const PickResult* result =
-      page->Pick(&engine.viewport, static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y), 0, 0, 0);
+  const PickResult* result = PickAt(at, 0);
   ASSERT_NE(result, nullptr);
   EXPECT_EQ(result->hovered, ok);
   EXPECT_EQ(quit->state, 2) << "both are updated";

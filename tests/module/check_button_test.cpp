@@ -15,24 +15,14 @@ class CheckButton : public GuiTest {
     AddCheckButton(scene, u"b", {0, 0, 0});
     AddCheckButton(scene, u"c", {50, 0, 0});
     AddButton(scene, u"target", {0, 40, 0});
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt",
-            u"name s.glb item ~cb { checked 0 tooltip 3 } item ~ca { textid 10 b_checked { textid 11 } "
-            u"b_unchecked { textid 12 } }");
-    page = OpenPage(u"s.txt");
-    ShowOnly(0);
+    page = OpenScene(std::move(scene),
+                     u"item ~cb { checked 0 tooltip 3 } item ~ca { textid 10 b_checked { textid 11 } "
+                     u"b_unchecked { textid 12 } }");
     a = dynamic_cast<ICGUICheckButton*>(Find(u"~ca"));
     b = dynamic_cast<ICGUICheckButton*>(Find(u"~cb"));
     c = dynamic_cast<ICGUICheckButton*>(Find(u"~cc"));
     MoveTo({1, 1});
     Frame();
-  }
-
-  static void Say(ICGUIObject& widget, const String& text) {
-    auto record = std::make_unique<GuiMessage>();
-    record->text = text;
-    record->source = &widget;
-    widget.info->messages.push_back(std::move(record));
   }
 
   // The meshes of the check button's sides that are drawn, and how many texts of the page.
@@ -65,13 +55,9 @@ class CheckButton : public GuiTest {
   ICGUICheckButton* c = nullptr;
 };
 
-TEST_F(CheckButton, StartsCheckedUnlessItIsDefinedOtherwise) {
-  EXPECT_EQ(Sum(), 5U);
-  EXPECT_EQ(Shown(u"a"), "normal_checked_a ");
-  EXPECT_EQ(Shown(u"b"), "normal_unchecked_b ");
-}
-
 TEST_F(CheckButton, FlipsOnceAClick) {
+  EXPECT_EQ(Sum(), 5U) << "checked unless it is defined otherwise";
+  EXPECT_EQ(Shown(u"a") + Shown(u"b"), "normal_checked_a normal_unchecked_b ");
   Hover(*a);
   Frame();
   EXPECT_EQ(Shown(u"a"), "onmouse_checked_a ");
@@ -92,18 +78,16 @@ TEST_F(CheckButton, FlipsOnceAClick) {
 
 TEST_F(CheckButton, ReportsItself) {
   const base::Point at = ProjectMiddle(*b);
-  const auto x = static_cast<std::uint32_t>(at.x);
-  const auto y = static_cast<std::uint32_t>(at.y);
-  const PickResult* result = page->Pick(&engine.viewport, x, y, 0, 0, 0);
+  const PickResult* result = PickAt(at, 0);
   ASSERT_NE(result, nullptr);
   EXPECT_EQ(result->hovered, b);
   EXPECT_EQ(result->clicked, nullptr);
   EXPECT_EQ(page->focusIndex, b->GetId());
-  result = page->Pick(&engine.viewport, x, y, 2, 0, 0);
+  result = PickAt(at, 2);
   ASSERT_NE(result, nullptr);
   EXPECT_EQ(result->hovered, b);
   EXPECT_EQ(result->clicked, b);
-  EXPECT_EQ(page->Pick(&engine.viewport, x, y, 1, 0, 0), nullptr);
+  EXPECT_EQ(PickAt(at, 1), nullptr);
 }
 
 TEST_F(CheckButton, IsDisabledInEitherState) {
@@ -148,10 +132,7 @@ TEST_F(CheckButton, ShowsTheLabelOfItsSide) {
 
 TEST_F(CheckButton, CompletesItsCommandsBeforeItFlips) {
   ICGUIObject& target = *Find(u"~btarget");
-  Say(*a, u"enable/disable:~btarget");
-  Say(*a, u"unvisible/visible:~cc");
-  Say(*a, u"settext:~ca");
-  Say(*a, u"play:x");
+  Say(*a, {u"enable/disable:~btarget", u"unvisible/visible:~cc", u"settext:~ca", u"play:x"});
   Click(*a);
   std::vector<std::int32_t> values;
   for (const Listener::Record& entry : listener.records) {
@@ -169,11 +150,11 @@ TEST_F(CheckButton, CompletesItsCommandsBeforeItFlips) {
 }
 
 TEST_F(CheckButton, IsOneOfARadioGroup) {
-  Say(*a, u"radiogroup:~cb");
-  Say(*a, u"radiogroup:~cc");
-  Say(*b, u"radiogroup:~ca");
-  Say(*b, u"radiogroup:~cc");
-  Say(*c, u"un/checked:~ca");
+  Say(*a, {u"radiogroup:~cb"});
+  Say(*a, {u"radiogroup:~cc"});
+  Say(*b, {u"radiogroup:~ca"});
+  Say(*b, {u"radiogroup:~cc"});
+  Say(*c, {u"un/checked:~ca"});
   for (const auto& [button, wanted] : {std::pair{b, 2U}, {b, 2U}, {a, 4U}, {a, 4U}, {b, 2U}}) {
     Click(*button);
     EXPECT_EQ(Sum(), wanted) << Narrow(button->info->name);
@@ -188,10 +169,7 @@ TEST_F(CheckButton, WorksWithOneSideOnly) {
   base::SceneData scene;
   const std::int32_t node = base::AddNode(scene, u"~conly");
   AddPart(scene, u"unchecked", u"", node, {}, {8, 4, 1});
-  engine.AddScene(u"o.glb", std::move(scene));
-  AddText(u"o.txt", u"name o.glb");
-  OpenPage(u"o.txt");
-  ShowOnly(1);
+  OpenScene(std::move(scene));
   auto& only = dynamic_cast<ICGUICheckButton&>(*Find(u"~conly", 1));
   EXPECT_EQ(only.GetCheckedButton(), nullptr);
   Matrix4x4 matrix = Matrix4x4::Identity;

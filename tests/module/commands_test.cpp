@@ -14,36 +14,15 @@ class Commands : public GuiTest {
     base::SceneData scene;
     AddButton(scene, u"one", {-40, 0, 0});
     AddButton(scene, u"two", {40, 0, 0});
-    const std::int32_t node = base::AddNode(scene, u"~ccheck", -1, {0, 30, 0});
-    for (const StringView state : {u"checked", u"unchecked"}) {
-      const std::int32_t half = base::AddNode(scene, state, node);
-      base::AddBox(scene, String(u"normal ") + String(state), half, {}, {10, 5, 1});
-      base::AddNode(scene, String(u"text ") + String(state), half);
-    }
-    base::AddNode(scene, u"~ttitle", -1, {0, -30, 0});
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb");
-    AddText(u"t.txt", u"name t.glb");
     AddButtonPage(u"t", {u"two"});
-    OpenPage(u"s.txt");
+    OpenScene(std::move(scene));
     OpenPage(u"t.txt");
-    ShowOnly(0);
     one = Find(u"~bone");
     two = Find(u"~btwo");
-    check = Find(u"~ccheck");
-  }
-
-  void Say(ICGUIObject& widget, const Words& messages) {
-    for (const String& text : messages) {
-      widget.info->messages.push_back(std::make_unique<GuiMessage>());
-      widget.info->messages.back()->text = text;
-      widget.info->messages.back()->source = &widget;
-    }
   }
 
   ICGUIObject* one = nullptr;
   ICGUIObject* two = nullptr;
-  ICGUIObject* check = nullptr;
 };
 
 TEST_F(Commands, AreOfferedUntilSomebodyHandlesThem) {
@@ -109,31 +88,6 @@ TEST_F(Commands, ChangeTheWidgetsTheyName) {
   listener.records.clear();
   Deliver();
   EXPECT_TRUE(listener.records.empty()) << "all were handled";
-}
-
-TEST_F(Commands, CheckButtonsPassTheStateFromBeforeTheClick) {
-  auto& button = dynamic_cast<ICGUICheckButton&>(*check);
-  EXPECT_EQ(check->info->checked, 1U);
-  ASSERT_NE(button.GetCheckedButton()->text, nullptr);
-  button.GetCheckedButton()->text->SetTextId(7);
-  button.GetUncheckedButton()->text->SetTextId(8);
-  Say(*check, {u"settext:~ttitle", u"un/checked:~btwo"});
-  auto& title = dynamic_cast<ICGUIText&>(*Find(u"~ttitle"));
-  Click(*check);
-  EXPECT_EQ(check->info->checked, 0U);
-  EXPECT_EQ(title.GetTextId(), 7);
-  EXPECT_EQ(two->info->checked, 1U) << "read when it is carried out, after the flip";
-  Click(*check);
-  EXPECT_EQ(title.GetTextId(), 0);
-  EXPECT_EQ(two->info->checked, 0U);
-  Press();
-  Frame();
-  Frame();
-  EXPECT_EQ(check->info->checked, 1U) << "holding flips nothing";
-  ReleaseButton();
-  check->SetDisabled(1);
-  Frame();
-  EXPECT_EQ(check->info->checked, 1U);
 }
 
 TEST_F(Commands, NamesThatAreNobodysAreHandledWithoutEffect) {
@@ -228,14 +182,10 @@ TEST_F(Reentrancy, RecordsOfListEntriesThatAreGoneNameNobody) {
   base::SceneData scene;
   const std::int32_t node = base::AddNode(scene, u"~llist");
   base::AddBox(scene, u"list", node, {}, {30, 30, 1});
-  engine.AddScene(u"l.glb", std::move(scene));
-  AddText(u"l.txt", u"name l.glb");
-  OpenPage(u"l.txt");
-  ShowOnly(2);
+  OpenScene(std::move(scene), {}, u"l");
   auto& list = dynamic_cast<ICGUIList&>(*Find(u"~llist", 2));
   for (int i = 0; i < 40; ++i) {
-    ICGUIItem* item = list.AddItem();
-    Say(*item, {u"un/checked:~btwo"});
+    Say(*list.AddItem(), {u"un/checked:~btwo"});
   }
   Hover(list);
   ReleaseButton();
@@ -259,16 +209,6 @@ TEST_F(Reentrancy, HandlersComeAndGo) {
   EXPECT_EQ(listener.records.size(), 1U);
   EXPECT_EQ(second.records.size(), 3U);
   System::daemon->RemoveHandler(&second, category::kAll);
-}
-
-TEST_F(Commands, ManyWaitingRecordsCostNoMoreThanTheirNumber) {
-  Words texts(10000, u"nobody:knows");
-  Say(*one, texts);
-  Click(*one);
-  listener.records.clear();
-  Deliver();
-  EXPECT_EQ(listener.records.size(), 10000U);
-  gui->Reset();
 }
 
 }  // namespace

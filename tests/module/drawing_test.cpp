@@ -30,10 +30,7 @@ class PageDrawing : public GuiTest {
     base::SceneData scene;
     base::AddBox(scene, u"backdrop", -1, {0, 0, -50}, {100, 80, 1});
     AddButton(scene, u"ok", {});
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb");
-    page = OpenPage(u"s.txt");
-    ShowOnly(0);
+    page = OpenScene(std::move(scene));
     Frame();
   }
 

@@ -64,6 +64,14 @@ ICGUIPageObject* GuiTest::OpenPage(const String& file) {
   return gui->GetPage(gui->GetPageCount() - 1);
 }
 
+ICGUIPageObject* GuiTest::OpenScene(base::SceneData scene, StringView definition, const String& name) {
+  engine.AddScene(name + u".glb", std::move(scene));
+  AddText(name + u".txt", u"name " + name + u".glb " + String(definition));
+  ICGUIPageObject* page = OpenPage(name + u".txt");
+  ShowOnly(gui->GetPageCount() - 1);
+  return page;
+}
+
 void GuiTest::ShowOnly(std::uint32_t page) {
   gui->GetActivePages() = {page};
   gui->GetRenderPages() = {page};
@@ -118,6 +126,20 @@ void GuiTest::ClickHere() {
 
 void GuiTest::Type(StringView keys) {
   for (const Char key : keys) Send(message::kKey, key);
+}
+
+const PickResult* GuiTest::PickAt(base::Point client, std::uint32_t mouse, Char key, std::uint32_t page) {
+  return gui->GetPage(page)->Pick(&engine.viewport, static_cast<std::uint32_t>(client.x),
+                                  static_cast<std::uint32_t>(client.y), mouse, 0, key);
+}
+
+void GuiTest::Say(ICGUIObject& widget, const std::vector<String>& messages) {
+  for (const String& text : messages) {
+    auto record = std::make_unique<GuiMessage>();
+    record->text = text;
+    record->source = &widget;
+    widget.info->messages.push_back(std::move(record));
+  }
 }
 
 void GuiTest::DrawPages() {

@@ -82,6 +82,9 @@ class GuiTest : public ::testing::Test {
   // Adds the page and gives it the viewport.
   ICGUIPageObject* OpenPage(const String& file);
 
+  // The page of a scene: both files under `name`, the definition naming the scene. It alone is drawn and updated.
+  ICGUIPageObject* OpenScene(base::SceneData scene, StringView definition = {}, const String& name = u"s");
+
   // Draws and updates only this page from now on.
   void ShowOnly(std::uint32_t page);
 
@@ -100,6 +103,12 @@ class GuiTest : public ::testing::Test {
   void Click(ICGUIObject& widget);
   void ClickHere();
   void Type(StringView keys);  // one key message a character
+
+  // What the page says of the cursor there.
+  const PickResult* PickAt(base::Point client, std::uint32_t mouse, Char key = 0, std::uint32_t page = 0);
+
+  // Gives the widget more messages.
+  static void Say(ICGUIObject& widget, const std::vector<String>& messages);
 
   ICGUIObject* Find(const String& name, std::uint32_t page = 0) const { return gui->FindObject(page, name.c_str()); }
   // Whether the node is drawn by the last frame of `DrawPages`.

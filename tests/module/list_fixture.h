@@ -21,10 +21,7 @@ class ListTest : public GuiTest {
   void Open(StringView properties = {}, const Vec3& place = {}) {
     base::SceneData scene;
     AddList(scene, u"long", place);
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb item ~llong { " + String(properties) + u" }");
-    OpenPage(u"s.txt");
-    ShowOnly(gui->GetPageCount() - 1);
+    OpenScene(std::move(scene), u"item ~llong { " + String(properties) + u" }");
     list = dynamic_cast<ICGUIList*>(Find(u"~llong", gui->GetPageCount() - 1));
     MoveTo({1, 1});
   }
@@ -35,9 +32,7 @@ class ListTest : public GuiTest {
       ICGUIItem* item = list->AddItem();
       const std::string digits = std::to_string(i);
       item->displayText = String(digits.begin(), digits.end());
-      auto record = std::make_unique<GuiMessage>();
-      record->text = u"visible/unvisible:" + item->displayText;
-      item->info->messages.push_back(std::move(record));
+      Say(*item, {u"visible/unvisible:" + item->displayText});
     }
   }
 

@@ -15,21 +15,6 @@ class ListItems : public ListTest {
   }
 };
 
-TEST_F(ListItems, StartAsNewItems) {
-  Open();
-  const ICGUIItem& item = *list->AddItem();
-  EXPECT_EQ(item.name, u"NewItem");
-  EXPECT_EQ(item.displayText, u"NewItem");
-  EXPECT_EQ(item.textId, -1);
-  EXPECT_EQ(item.commentId, -1);
-  EXPECT_EQ(item.selected, 0U);
-  EXPECT_EQ(item.owner, list);
-  ASSERT_NE(item.info, nullptr);
-  EXPECT_EQ(item.info->type, widget_type::kItem);
-  EXPECT_EQ(item.info->tooltip, -1);
-  EXPECT_EQ(item.info->visible, 0U);
-}
-
 TEST_F(ListItems, AreCopiedWithWhatTheyShow) {
   Open();
   Fill(2);
@@ -81,21 +66,6 @@ TEST_F(ListItems, AreRemovedInOrder) {
   EXPECT_EQ(list->GetItemCount(), 0U);
   EXPECT_EQ(list->GetItem(0), nullptr);
   EXPECT_EQ(Selected(), Indices{});
-}
-
-TEST_F(ListItems, StandAnythingBeforeTheFirstFrame) {
-  Open();
-  list->SelectItem(nullptr);
-  list->Clear();
-  list->Render(Matrix4x4::Identity, {});
-  Fill(3);
-  list->RemoveItemAt(1);
-  list->SelectItem(&Item(1));
-  list->SelectItem(nullptr);
-  EXPECT_EQ(Selected(), Indices{});
-  list->ShowNodes(1);
-  DrawPages();
-  EXPECT_EQ(list->GetItemCount(), 2U);
 }
 
 TEST_F(ListItems, StandAnythingWhileHiddenOrReleased) {
@@ -161,12 +131,8 @@ TEST_F(ListItems, AreKeptWithoutTheNodesOfAList) {
     const std::int32_t node = base::AddNode(scene, u"~lbare");
     if (box) base::AddBox(scene, u"list", node, {}, {30, 15, 1});
     if (!box) AddSlideBar(scene, u"slidery", node, {}, false);
-    engine.AddScene(u"bare.glb", std::move(scene));
-    AddText(u"bare.txt", u"name bare.glb");
-    OpenPage(u"bare.txt");
-    const std::uint32_t page = gui->GetPageCount() - 1;
-    ShowOnly(page);
-    list = dynamic_cast<ICGUIList*>(Find(u"~lbare", page));
+    OpenScene(std::move(scene));
+    list = dynamic_cast<ICGUIList*>(Find(u"~lbare", gui->GetPageCount() - 1));
     Fill(30);
     list->info->position = 3;
     ClickRow(2);

@@ -60,10 +60,8 @@ TEST_F(ListKeys, ThatStepTakeTheHoverBack) {
   Fill(5);
   Item(1).selected = 1;
   const base::Point at = Project(RowPlace(5) + Vec3{35, 0, 0});
-  const auto x = static_cast<std::uint32_t>(at.x);
-  const auto y = static_cast<std::uint32_t>(at.y);
-  EXPECT_EQ(gui->GetPage(0)->Pick(&engine.viewport, x, y, 0, 0, kUpKey), nullptr);
-  EXPECT_NE(gui->GetPage(0)->Pick(&engine.viewport, x, y, 0, 0, u'x'), nullptr);
+  EXPECT_EQ(PickAt(at, 0, kUpKey), nullptr);
+  EXPECT_NE(PickAt(at, 0, u'x'), nullptr);
 }
 
 }  // namespace

@@ -172,19 +172,5 @@ TEST_F(ListSelection, PassesDisabledRowsOver) {
   EXPECT_EQ(Selected(), Indices{2}) << "the list's own flag is its slide bar's";
 }
 
-TEST_F(ListSelection, TakesAnyLimit) {
-  struct Row {
-    StringView limit;
-    std::size_t selected;
-  };
-  for (const Row& row : {Row{u"maxselect -1", 0}, {u"maxselect -2147483648", 0}, {u"maxselect 2147483647", 5}}) {
-    Open(row.limit);
-    Fill(5);
-    for (std::uint32_t i = 0; i < 5; ++i) ClickRow(i);
-    EXPECT_EQ(Selected().size(), row.selected) << Narrow(row.limit);
-    Step(kUpKey);
-  }
-}
-
 }  // namespace
 }  // namespace qen::test

@@ -67,25 +67,12 @@ TEST_F(List, LightsTheRowUnderTheCursor) {
   EXPECT_EQ(Lit(), Indices{}) << "the rest of the box, below the last row";
 }
 
-TEST_F(List, LightsRowsWhereverItStands) {
-  Open({}, {-20, 10, 30});  // nearer to the viewer
-  Fill(4);
-  for (std::uint32_t row = 0; row < 4; ++row) {
-    Aim(RowPlace(row) + Vec3{-20, 10, -30});
-    Frame();
-    EXPECT_EQ(Lit(), Indices{row});
-  }
-}
-
 TEST_F(List, LightsTheRowsOfABoxThatIsNotCentred) {
   base::SceneData scene;
   const std::int32_t node = base::AddNode(scene, u"~llong", -1, {0, 20, 0});
   base::AddBox(scene, u"list", node, {}, {30, 15, 1});
   ShiftMesh(scene, {0, -15, 0});  // it hangs from the node's origin
-  engine.AddScene(u"s.glb", std::move(scene));
-  AddText(u"s.txt", u"name s.glb");
-  OpenPage(u"s.txt");
-  ShowOnly(0);
+  OpenScene(std::move(scene));
   list = dynamic_cast<ICGUIList*>(Find(u"~llong"));
   Fill(20);
   for (const std::uint32_t row : {0U, 4U, 9U}) {
@@ -99,21 +86,17 @@ TEST_F(List, ReportsItselfWithoutAClick) {
   Open();
   Fill(3);
   const base::Point at = Project(RowPlace(1));
-  const auto x = static_cast<std::uint32_t>(at.x);
-  const auto y = static_cast<std::uint32_t>(at.y);
   for (const std::uint32_t mouse : {0U, 1U, 2U}) {
-    const PickResult* result = gui->GetPage(0)->Pick(&engine.viewport, x, y, mouse, 0, 0);
+    const PickResult* result = PickAt(at, mouse);
     ASSERT_NE(result, nullptr);
     EXPECT_EQ(result->hovered, list);
     EXPECT_EQ(result->clicked, nullptr);
   }
-  const base::Point button = Project({40, 36, -1});
-  const PickResult* result = gui->GetPage(0)->Pick(&engine.viewport, static_cast<std::uint32_t>(button.x),
-                                                   static_cast<std::uint32_t>(button.y), 2, 0, 0);
+  const PickResult* result = PickAt(Project({40, 36, -1}), 2);
   ASSERT_NE(result, nullptr);
   EXPECT_EQ(result->hovered, list) << "its slide bar's results are the list's";
   EXPECT_EQ(result->clicked, list);
-  EXPECT_EQ(gui->GetPage(0)->Pick(&engine.viewport, 1, 1, 2, 0, 0), nullptr);
+  EXPECT_EQ(PickAt({1, 1}, 2), nullptr);
 }
 
 TEST_F(List, DrawsItsRowsInOrderAndShadowsFirst) {

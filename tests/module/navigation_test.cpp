@@ -50,9 +50,7 @@ TEST_F(Navigation, SetPageIsExpandedWhenItIsPosted) {
 
   listener.records.clear();
   gui->GetPage(0)->StopAnims();
-  GuiMessage undo;
-  undo.text = u"undopage";
-  gui->GetPage(2)->items[0]->info->messages.push_back(std::make_unique<GuiMessage>(undo));
+  Say(*gui->GetPage(2)->items[0], {u"undopage"});
   ActivateButton(2);
   EXPECT_EQ(listener.Texts(),
             (Words{u"remactivepage:c.glb", u"removeallfromrender:", u"addrenderpage:d.glb", u"addrenderpage:a.glb",
@@ -184,8 +182,7 @@ TEST_F(Navigation, SnapshotsAreTakenEvenForPagesThatAreNone) {
   Send(message::kCommand, 0, &record);
   EXPECT_EQ(record.handled, 1);
   ShowOnly(2);
-  gui->GetPage(2)->items[0]->info->messages.push_back(std::make_unique<GuiMessage>());
-  gui->GetPage(2)->items[0]->info->messages[0]->text = u"undopage";
+  Say(*gui->GetPage(2)->items[0], {u"undopage"});
   ActivateButton(2);
   EXPECT_TRUE(Active().empty()) << "back to the lists of the snapshot";
   gui->ClearUndo();

@@ -71,35 +71,5 @@ TEST_F(Nonsense, IsStoodByEveryWidget) {
   }
 }
 
-TEST_F(Nonsense, OfTheHostIsStoodAtAnyTime) {
-  Open(u"");
-  for (const bool active : {false, true}) {
-    if (!active) gui->GetActivePages().clear();
-    if (active) ShowOnly(page);
-    for (ICGUIObject* widget : gui->GetPageItems(page)) {
-      for (const std::uint32_t flag : {0U, 1U, 0xFFFFFFFFU, 1U}) {
-        widget->SetVisible(flag);
-        widget->ShowNodes(flag);
-        widget->SetShowBox(flag);
-        widget->SetDisabled(1 - flag);
-        Matrix4x4 matrix = Matrix4x4::Identity;
-        AABB box;
-        widget->GetMatrix(matrix);
-        widget->GetAABB(box);
-        widget->Render(matrix, box);
-        widget->SetMatrix(matrix);
-        Frame();
-        DrawPages();
-      }
-      Matrix4x4 flat;  // all zero
-      widget->SetMatrix(flat);
-      flat.m[3][0] = NAN;
-      widget->SetMatrix(flat);
-    }
-    PlayWithAll();
-  }
-  EXPECT_EQ(Find(u"~sbar", page)->info->max, 100);
-}
-
 }  // namespace
 }  // namespace qen::test

@@ -109,13 +109,6 @@ TEST_F(PageReading, TriesAValueAsALaterKey) {
   EXPECT_EQ(std::get<std::string>(created[0].arguments[0]), "a.wav");
 }
 
-TEST_F(PageReading, LogsTheTimingOfEachPageThatIsBuilt) {
-  AddButtonPage(u"menu", {u"ok"});
-  gui->AddPage(u"menu.txt", &engine.camera);
-  ASSERT_EQ(engine.log.size(), 1U);
-  EXPECT_EQ(engine.log[0], u"... [0.0 sec]");
-}
-
 TEST_F(PageReading, NamesWithAnyLettersAreFound) {
   AddButtonPage(u"Ménü 雪", {u"ÄÖÜ Ж"}, u"item \"~bäöü ж\" { tooltip 3 }");
   OpenPage(u"MÉNÜ 雪.txt");

@@ -26,13 +26,6 @@ class Picking : public GuiTest {
     return scene;
   }
 
-  void OpenScene(bool camera, StringView definition = u"") {
-    engine.AddScene(u"s.glb", Scene(camera));
-    AddText(u"s.txt", u"name s.glb " + String(definition));
-    OpenPage(u"s.txt");
-    ShowOnly(0);
-  }
-
   void Resize(base::Point size) {
     engine.window.size = size;
     engine.viewport.Resize(static_cast<std::uint32_t>(size.x), static_cast<std::uint32_t>(size.y));
@@ -53,7 +46,7 @@ class Picking : public GuiTest {
 
 TEST_F(Picking, FindsEveryWidgetAtAnySizeOfTheWindow) {
   for (const bool camera : {false, true}) {
-    OpenScene(camera);
+    OpenScene(Scene(camera));
     for (const base::Point size : {base::Point{800, 600}, {1920, 1080}, {640, 480}, {300, 900}, {3840, 1000}}) {
       Resize(size);
       ExpectAllPicked(std::to_string(size.x) + "x" + std::to_string(size.y) + (camera ? " with camera" : ""));
@@ -64,7 +57,7 @@ TEST_F(Picking, FindsEveryWidgetAtAnySizeOfTheWindow) {
 
 TEST_F(Picking, FollowsAnimations) {
   engine.AddAnimation(u"in.glb", base::MoveNode(u"~bplain", {-200, 30, 0}, {10, -40, 20}, 1.0F));
-  OpenScene(false, u"anim_in in.glb");
+  OpenScene(Scene(false), u"anim_in in.glb");
   gui->GetPage(0)->PlayAnim(0, false);
   for (int i = 0; i < 5; ++i) {
     Frame(0.25);
@@ -82,7 +75,7 @@ TEST_F(Picking, FollowsAnimations) {
 }
 
 TEST_F(Picking, MissesBesideTheBoxAndOutsideTheWindow) {
-  OpenScene(false);
+  OpenScene(Scene(false));
   ICGUIObject* plain = Find(u"~bplain");
   const base::Point middle = ProjectMiddle(*plain);
   // 20 x 10 units are about 101 x 50 pixels here.
@@ -98,7 +91,7 @@ TEST_F(Picking, MissesBesideTheBoxAndOutsideTheWindow) {
 }
 
 TEST_F(Picking, KeepsTheLastRayWithoutAWindow) {
-  OpenScene(false);
+  OpenScene(Scene(false));
   ICGUIObject* plain = Find(u"~bplain");
   Hover(*plain);
   Frame();
@@ -109,7 +102,7 @@ TEST_F(Picking, KeepsTheLastRayWithoutAWindow) {
 }
 
 TEST_F(Picking, TakesTheProjectionFromTheCameraNode) {
-  OpenScene(true);
+  OpenScene(Scene(true));
   const std::vector<base::Call> calls = engine.CallsOf("Camera::SetProjection");
   ASSERT_EQ(calls.size(), 2U);
   const std::vector<double> wanted[] = {{1.0, 80000.0, 1.3333334, 0.7853982}, {2.0, 5000.0, 1.3333334, 0.6}};

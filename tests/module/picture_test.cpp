@@ -14,10 +14,7 @@ class Picture : public GuiTest {
     base::AddPicture(scene);
     base::AddBox(scene, u"~pplain", -1, {60, 0, 0}, {5, 5, 1});
     base::AddNode(scene, u"~pempty", -1, {-60, 0, 0});
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb item ~pmap { message travel:here tooltip 3 }");
-    page = OpenPage(u"s.txt");
-    ShowOnly(0);
+    OpenScene(std::move(scene), u"item ~pmap { message travel:here tooltip 3 }");
     map = dynamic_cast<ICGUIPicture*>(Find(u"~pmap"));
     listener.onRecord = [](std::uint32_t, GuiMessage& record) { record.handled = 1; };
     engine.AddPictureFile(u"island.png");
@@ -30,7 +27,6 @@ class Picture : public GuiTest {
     return picture.normalNode->mesh->GetSubMesh(0)->GetMaterialParams().GetTexture(TEXTURE_SLOT_1);
   }
 
-  ICGUIPageObject* page = nullptr;
   ICGUIPicture* map = nullptr;
   Texture* island = nullptr;
 };
@@ -48,12 +44,7 @@ TEST_F(Picture, DispatchesOncePerRelease) {
 }
 
 TEST_F(Picture, NeverBecomesWhatIsPicked) {
-  const base::Point at = ProjectMiddle(*map);
-  for (const std::uint32_t mouse : {0U, 1U, 2U}) {
-    EXPECT_EQ(
-        page->Pick(&engine.viewport, static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y), mouse, 0, 0),
-        nullptr);
-  }
+  for (const std::uint32_t mouse : {0U, 1U, 2U}) EXPECT_EQ(PickAt(ProjectMiddle(*map), mouse), nullptr);
 }
 
 TEST_F(Picture, RestsWhileDisabledOrHidden) {

@@ -54,18 +54,9 @@ TEST_F(Quad, BeginsWithItsDefaults) {
   ASSERT_EQ(seen.size(), 1U);
   EXPECT_EQ(seen[0].argb, kPlainSlot);
   EXPECT_NE(seen[0].texture, 0U);
-}
-
-TEST_F(Quad, ReadsItsProperties) {
-  engine.AddPictureFile(u"own.png");
-  ICGUIDummy& quad = OpenQuad(u"tooltip 3 id 9 scale 2.5 alpha 300 active 7 texture own.png");
-  EXPECT_EQ(quad.info->tooltip, 3);
-  EXPECT_EQ(quad.GetId(), 9);
-  EXPECT_EQ(quad.id, 0) << "its id is its own";
-  EXPECT_EQ(quad.GetScale(), 2.5F);
-  EXPECT_EQ(quad.GetAlpha(), 300);
-  EXPECT_EQ(quad.GetActive(), 7);
-  EXPECT_EQ(quad.GetBagRecord().texture, u"own.png");
+  EXPECT_THAT(engine.CallsOf("TextureManager::Load").at(0).arguments,
+              ElementsAre(base::CallArgument("textures\\guitex\\default_bag"), base::CallArgument("_DefaultGroup_"),
+                          base::CallArgument(std::int64_t{0}), base::CallArgument(std::int64_t{129})));
 }
 
 TEST_F(Quad, LoadsItsTextureInOrder) {
@@ -88,32 +79,6 @@ TEST_F(Quad, LoadsItsTextureInOrder) {
                                        "MaterialManager::GetByName gui", "TextureManager::Load missing.png"))
       << "without a texture there is none to destroy";
   EXPECT_EQ(DrawSlots().at(0).texture, 0U);
-}
-
-TEST_F(Quad, PassesOnWhatTheTextureManagerIsToldForInterfaces) {
-  OpenQuad();
-  const std::vector<base::Call> loads = engine.CallsOf("TextureManager::Load");
-  ASSERT_EQ(loads.size(), 1U);
-  EXPECT_EQ(std::get<std::string>(loads[0].arguments.at(1)), "_DefaultGroup_");
-  EXPECT_EQ(std::get<std::int64_t>(loads[0].arguments.at(2)), 0);
-  EXPECT_EQ(std::get<std::int64_t>(loads[0].arguments.at(3)), 129);
-}
-
-TEST_F(Quad, ShowsAnotherTextureAndItsOwnAgain) {
-  Texture* sword = LoadTexture(u"sword.png");
-  ICGUIDummy& quad = OpenQuad();
-  const std::uint32_t own = DrawSlots().at(0).texture;
-  quad.SetQuadTexture(sword);
-  EXPECT_EQ(DrawSlots().at(0).texture, sword->GetHandle());
-  quad.SetQuadTexture(nullptr);
-  EXPECT_EQ(DrawSlots().at(0).texture, own);
-  quad.GetBagRecord().texture = u"missing.png";
-  quad.LoadTexture();
-  quad.SetQuadTexture(sword);
-  engine.calls.clear();
-  quad.SetQuadTexture(nullptr);
-  EXPECT_THAT(TakeCalls(), ElementsAre("MaterialParams::RemoveTexture")) << "there is nothing to show instead";
-  TextureManager::GetSingleton()->Destroy(sword);
 }
 
 TEST_F(Quad, PutsItsAlphaOverItsColor) {

@@ -31,13 +31,6 @@ TEST_F(Saving, MakesTheFoldersOnTheWay) {
   EXPECT_EQ(FilesIn(folder / "data/pages/bak"), std::vector<std::string>{"MENÜ 雪.TXT0"});
 }
 
-TEST_F(Saving, SavesNothingForAPageThatIsNone) {
-  EXPECT_FALSE(gui->SavePage(u"menu.txt", 1));
-  EXPECT_FALSE(gui->SavePage(u"menu.txt", 0xFFFFFFFF));
-  EXPECT_TRUE(FilesIn(folder).empty());
-  EXPECT_TRUE(engine.errors.empty());
-}
-
 TEST_F(Saving, LeavesFilesThatLookLikeItsOwnAlone) {
   Write("menu.txt.part0", "someone's");
   ASSERT_TRUE(gui->SavePage(u"menu.txt", 0));

@@ -8,11 +8,8 @@ namespace {
 class SlideBarParts : public GuiTest {
  protected:
   void Open(base::SceneData scene, StringView properties = {}) {
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb item ~sbar { " + String(properties) + u" }");
-    OpenPage(u"s.txt");
+    OpenScene(std::move(scene), u"item ~sbar { " + String(properties) + u" }");
     page = gui->GetPageCount() - 1;
-    ShowOnly(page);
     bar = dynamic_cast<ICGUISlideBar*>(Find(u"~sbar", page));
     MoveTo({1, 1});
   }
@@ -48,17 +45,6 @@ TEST_F(SlideBarParts, PlaceTheSliderAlongTheBar) {
   }
 }
 
-TEST_F(SlideBarParts, AreHitWhereTheSliderIsNow) {
-  OpenBar(false);
-  bar->info->position = 50;
-  Frame();
-  const Vec3 slider = Slider() + Vec3{0, 0, -1};
-  Aim(slider);
-  Press();
-  Frame();
-  EXPECT_NEAR(bar->info->position, 48, 1) << "dragged by the bar under it";
-}
-
 TEST_F(SlideBarParts, KeepThePositionInRange) {
   struct Row {
     StringView properties;
@@ -80,21 +66,6 @@ TEST_F(SlideBarParts, KeepThePositionInRange) {
       Frame();
       EXPECT_EQ(bar->info->position, row.wanted) << Narrow(row.properties);
       EXPECT_TRUE(std::isfinite(Slider().x) && std::isfinite(Slider().y)) << Narrow(row.properties);
-      const std::int32_t low = std::min(bar->info->min, bar->info->max);
-      const std::int32_t high = bar->info->max;
-      for (const float part : {-36.0F, -29.0F, 0.0F, 29.0F, 36.0F}) {
-        Aim(Vec3{5, 6, -1} + (vertical ? Vec3{0, part, 0} : Vec3{part, 0, 0}));
-        bar->wrap = part > 0 ? 1 : 0;
-        Press();
-        Frame();
-        ReleaseButton();
-        Frame();
-        Type(u"(&");
-        Frame();
-        EXPECT_GE(bar->info->position, low) << Narrow(row.properties) << part;
-        EXPECT_LE(bar->info->position, high) << Narrow(row.properties) << part;
-      }
-      DrawPages();
     }
   }
 }
@@ -128,26 +99,13 @@ TEST_F(SlideBarParts, WorkWithoutEachOther) {
   }
 }
 
-TEST_F(SlideBarParts, WithoutMeshesAreNeverHit) {
-  base::SceneData scene;
-  const std::int32_t node = base::AddNode(scene, u"~sbar");
-  for (const StringView part : {u"barx", u"slider", u"up"}) {
-    base::AddNode(scene, u"normal_" + String(part), base::AddNode(scene, part, node));
-  }
-  Open(std::move(scene), u"position 20");
-  Aim({});
-  Press();
-  Frame();
-  EXPECT_EQ(bar->info->position, 20);
-  EXPECT_EQ(bar->state, 1);
-}
-
 TEST_F(SlideBarParts, HideAtOnce) {
   OpenBar(false);
   Frame();
   for (const bool visible : {true, false, true}) {
     bar->SetVisible(visible ? 1 : 0);
     Frame();
+    EXPECT_EQ(bar->state, visible ? 1 : 0);
     for (const StringView part : {u"barx", u"slider", u"down", u"up"}) {
       EXPECT_EQ(IsDrawn(u"normal_" + String(part) + u"~sbar"), visible) << Narrow(part);
     }

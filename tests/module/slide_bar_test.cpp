@@ -11,17 +11,11 @@ class SlideBar : public GuiTest {
     base::SceneData scene;
     AddSlideBar(scene, u"~sx", -1, {0, -40, 0}, false);
     AddSlideBar(scene, u"~sy", -1, {60, 0, 0}, true);
-    engine.AddScene(u"s.glb", std::move(scene));
     engine.AddSound(u"hover.wav");
-    AddText(u"s.txt", u"name s.glb onmousewav hover.wav");
-    page = OpenPage(u"s.txt");
-    ShowOnly(0);
+    page = OpenScene(std::move(scene), u"onmousewav hover.wav");
     x = dynamic_cast<ICGUISlideBar*>(Find(u"~sx"));
     y = dynamic_cast<ICGUISlideBar*>(Find(u"~sy"));
-    for (ICGUIObject* bar : page->items) {
-      bar->info->messages.push_back(std::make_unique<GuiMessage>());
-      bar->info->messages.back()->text = u"moved:" + bar->info->name;
-    }
+    for (ICGUIObject* bar : page->items) Say(*bar, {u"moved:" + bar->info->name});
     listener.onRecord = [](std::uint32_t, GuiMessage& record) { record.handled = 1; };
     MoveTo({1, 1});
     Frame();
@@ -49,22 +43,13 @@ class SlideBar : public GuiTest {
   }
 
   const PickResult* Pick(const Vec3& place, std::uint32_t mouse, Char key = 0) {
-    const base::Point at = Project(place);
-    return page->Pick(&engine.viewport, static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y), mouse, 0,
-                      key);
+    return PickAt(Project(place), mouse, key);
   }
 
   ICGUIPageObject* page = nullptr;
   ICGUISlideBar* x = nullptr;
   ICGUISlideBar* y = nullptr;
 };
-
-TEST_F(SlideBar, StartsAtZeroOfAHundred) {
-  EXPECT_EQ(x->info->min, 0);
-  EXPECT_EQ(x->info->max, 100);
-  EXPECT_EQ(x->info->position, 0);
-  EXPECT_EQ(x->wrap, 0U);
-}
 
 TEST_F(SlideBar, FollowsTheHeldCursor) {
   for (const auto& [min, max] : {std::pair{0, 100}, {-20, 60}, {5, 5}, {100, 130}}) {

@@ -12,12 +12,8 @@ class TextTest : public GuiTest {
  protected:
   // `properties` are those of the text's item block.
   void Open(base::SceneData scene, StringView properties = {}) {
-    engine.AddScene(u"s.glb", std::move(scene));
-    AddText(u"s.txt", u"name s.glb item ~ttext { " + String(properties) + u" }");
-    OpenPage(u"s.txt");
-    const std::uint32_t page = gui->GetPageCount() - 1;
-    ShowOnly(page);
-    text = dynamic_cast<ICGUIText*>(Find(u"~ttext", page));
+    OpenScene(std::move(scene), u"item ~ttext { " + String(properties) + u" }");
+    text = dynamic_cast<ICGUIText*>(Find(u"~ttext", gui->GetPageCount() - 1));
     MoveTo({1, 1});
   }
 

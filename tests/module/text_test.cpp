@@ -78,12 +78,9 @@ TEST_F(Text, OfAButtonTakesItsState) {
   base::SceneData scene;
   const std::int32_t node = AddButton(scene, u"ok", {});
   base::AddNode(scene, u"text", node);
-  engine.AddScene(u"b.glb", std::move(scene));
-  AddText(u"b.txt",
-          u"name b.glb item ~bok { shadowoff 1 color_normal 1 color_onmouse 2 color_disabled 3 color_shadow 4 "
-          u"color_shadowsel 5 editabled 1 }");
-  OpenPage(u"b.txt");
-  ShowOnly(0);
+  OpenScene(std::move(scene),
+            u"item ~bok { shadowoff 1 color_normal 1 color_onmouse 2 color_disabled 3 color_shadow 4 "
+            u"color_shadowsel 5 editabled 1 }");
   const auto colors = [this] {
     Frame();
     engine.calls.clear();

@@ -1,6 +1,4 @@
 // The written formats, byte for byte.
-#include <gmock/gmock.h>
-
 #include "engine/font_desc.h"
 #include "tests/module/bag_fixture.h"
 #include "tests/module/data_folder.h"
@@ -55,6 +53,14 @@ String TextLines(StringView id) {
 )";
 }
 
+// The beginning of a block that sets nothing but these.
+String InfoLines(int id, int min = 0, int max = 0, int position = 0) {
+  const std::string lines = "{\n\t tooltip -1\n\t id " + std::to_string(id) + "\n\t visible 1\n\t disabled 0\n\t min " +
+                            std::to_string(min) + "\n\t max " + std::to_string(max) + "\n\t position " +
+                            std::to_string(position) + "\n\t checked 0\n";
+  return {lines.begin(), lines.end()};
+}
+
 TEST_F(Writers, WriteEveryKindOfWidget) {
   const String text(kTextSettings);
   OpenWidgets({u"~tTitle", u"~bOk", u"~cMusic", u"~lGames", u"~sVolume", u"~pMap"},
@@ -83,29 +89,13 @@ item ~ttitle
       uR"(}
 
 item ~bok
-{
-	 tooltip -1
-	 id 1
-	 visible 1
-	 disabled 0
-	 min 0
-	 max 0
-	 position 0
-	 checked 0
-)" + TextLines(u"-8") +
+)" + InfoLines(1) +
+      TextLines(u"-8") +
       uR"(}
 
 item ~cmusic
-{
-	 tooltip -1
-	 id 2
-	 visible 1
-	 disabled 0
-	 min 0
-	 max 0
-	 position 0
-	 checked 0
-)" + TextLines(u"9") +
+)" + InfoLines(2) +
+      TextLines(u"9") +
       uR"(	 b_checked
 	 {
 )" + TextLines(u"10") +
@@ -117,16 +107,8 @@ item ~cmusic
 }
 
 item ~lgames
-{
-	 tooltip -1
-	 id 3
-	 visible 1
-	 disabled 0
-	 min 0
-	 max 2
-	 position 0
-	 checked 0
-	 maxselect -2
+)" + InfoLines(3, 0, 2, 0) +
+      uR"(	 maxselect -2
 
 	 listitem )" +
       uR"(
@@ -151,28 +133,12 @@ item ~lgames
       uR"(}
 
 item ~svolume
-{
-	 tooltip -1
-	 id 4
-	 visible 1
-	 disabled 0
-	 min 1
-	 max 9
-	 position 4
-	 checked 0
-}
+)" + InfoLines(4, 1, 9, 4) +
+      uR"(}
 
 item ~pmap
-{
-	 tooltip -1
-	 id 5
-	 visible 1
-	 disabled 0
-	 min 0
-	 max 0
-	 position 0
-	 checked 0
-	 message go:map
+)" + InfoLines(5) +
+      uR"(	 message go:map
 }
 
 )";

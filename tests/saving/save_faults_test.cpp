@@ -1,11 +1,9 @@
 // Whatever happens while a definition is saved, a whole one is found afterwards.
 #include <gmock/gmock.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <functional>
-#include <random>
 
 #include "base/call_record.h"
 #include "tests/module/data_folder.h"
@@ -103,13 +101,12 @@ class SaveFaults : public SavingTest, public ::testing::WithParamInterface<Saved
   }
 
   // Runs it in a process of its own. The exit status, -1 for one that was killed.
-  static int RunApart(const std::function<void()>& work, const std::function<void(pid_t)>& meanwhile = {}) {
+  static int RunApart(const std::function<void()>& work) {
     const pid_t child = fork();
     if (child == 0) {
       work();
       _exit(0);
     }
-    if (meanwhile) meanwhile(child);
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -158,34 +155,6 @@ TEST_P(SaveFaults, AProcessKilledAtAnyCallLosesNothing) {
     Save(true);
     EXPECT_TRUE(BytesOf(File()) == second_) << "what is left lying about is in nobody's way";
   }
-}
-
-TEST_P(SaveFaults, AProcessKilledAtAnyMomentLosesNothing) {
-  LearnContents();
-  std::mt19937 random(static_cast<std::uint32_t>(::testing::UnitTest::GetInstance()->random_seed()));
-  std::size_t changed = 0;
-  for (int i = 0; i < 40; ++i) {
-    BeginAnew();
-    const int status = RunApart(
-        [this] {
-          for (bool second = true;; second = !second) Save(second);
-        },
-        [&random](pid_t child) {
-          usleep(static_cast<useconds_t>(random() % 20000));
-          kill(child, SIGKILL);
-        });
-    EXPECT_EQ(status, -1);
-    const std::string now = BytesOf(File());
-    ASSERT_TRUE(now == first_ || now == second_);
-    changed += fs::exists(Backup()) ? 1U : 0U;
-    std::error_code none;
-    for (const auto& entry : fs::directory_iterator(Backup().parent_path(), none)) {
-      if (entry.path().string().find(".part") != std::string::npos) continue;
-      const std::string kept = BytesOf(entry.path());
-      ASSERT_TRUE(kept == first_ || kept == second_) << entry.path() << " is a piece";
-    }
-  }
-  EXPECT_GT(changed, 5U) << "the processes came to save something";
 }
 
 std::string NameOf(const ::testing::TestParamInfo<Saved>& saved) {
