@@ -1,5 +1,7 @@
 #include "host/app/data_check.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -12,10 +14,18 @@ namespace {
 
 using Tokens = std::vector<String>;
 
-// The keys in front of the item blocks with their values, in their order.
+constexpr std::array<StringView, 11> kKeys{u"lang",       u"tool",        u"name",        u"bagname",
+                                           u"anim",       u"anim_in",     u"anim_out",    u"onmousewav",
+                                           u"onclickwav", u"onaniminwav", u"onanimoutwav"};
+
+// The keys in front of the item blocks with their values, in their order. Other words are passed over.
 template <class Visit>
 void ForEachValue(const Tokens& tokens, Visit visit) {
-  for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != u"item"; i += 2) visit(tokens[i], tokens[i + 1]);
+  for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != u"item"; ++i) {
+    if (std::ranges::find(kKeys, tokens[i]) == kKeys.end()) continue;
+    visit(tokens[i], tokens[i + 1]);
+    ++i;
+  }
 }
 
 class DataCheck {
@@ -40,15 +50,14 @@ class DataCheck {
   std::string CheckPage(const String& file) {
     const auto tokens = ReadTokens(files_, file);
     if (!tokens) return Unreadable(file);
+    if (!BeginsWithName(*tokens)) return base::ToUtf8(file) + kNoName;
     std::string fault;
-    bool named = false;
     ForEachValue(*tokens, [&](const String& key, const String& value) {
       if (!fault.empty()) return;
       if (key == u"name") fault = CheckScene(value);
       if (key.starts_with(u"anim")) fault = CheckAnimation(value);
-      named = named || key == u"name";
     });
-    return !named && fault.empty() ? base::ToUtf8(file) + " names no scene" : fault;
+    return fault;
   }
 
   std::string CheckScene(const String& file) {

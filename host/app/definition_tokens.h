@@ -12,4 +12,8 @@ namespace qen::host {
 // The tokens of a definition file, in their order. Nothing when it cannot be read.
 std::optional<std::vector<String>> ReadTokens(base::IFileBackend& files, const String& file);
 
+// A page file has a scene and widgets only when its first word is "name".
+inline bool BeginsWithName(const std::vector<String>& tokens) { return !tokens.empty() && tokens.front() == u"name"; }
+inline constexpr const char* kNoName = ": its first word is not \"name\"";  // behind the file, for people
+
 }  // namespace qen::host

@@ -58,6 +58,12 @@ class Report {
     for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pageNames_.insert(gui.GetPageName(page));
   }
 
+  // A file or a scene that cannot be read has been reported already.
+  void OnNoScene(const ICGUIPageObject& page) {
+    const auto tokens = ReadTokens(files_, page.fileName);
+    if (tokens && !BeginsWithName(*tokens)) print_(base::ToUtf8(page.fileName) + kNoName);
+  }
+
   void OnPage(const ICGUIPageObject& page) {
     const std::string place = base::ToUtf8(page.fileName) + ": ";
     if (page.items.empty()) print_(place + "no widgets in " + base::ToUtf8(page.name));
@@ -89,8 +95,11 @@ void ReportIncompletePages(IGui& gui, base::IFileBackend& files,
   Report report(gui, files, print);
   for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
     const ICGUIPageObject& page = *gui.GetPage(i);
-    // A scene that did not load has been reported already.
-    if (page.scene != nullptr && !page.scene->GetNodes().empty()) report.OnPage(page);
+    if (page.scene == nullptr) {
+      report.OnNoScene(page);
+    } else if (!page.scene->GetNodes().empty()) {
+      report.OnPage(page);
+    }
   }
 }
 

@@ -127,7 +127,7 @@ TEST_F(ScriptTest, LoadsAnewWhatHasChanged) {
     check_equal(gui.rendered(), {"second"})
     check_equal(gui.widget("first/~bsquare").position, 7, "values are the same")
 
-    for _, fault in ipairs { {"Scenes/Second.glb", "scenes\\second.glb: "}, {"Pages/First.txt", "first.txt names no scene"} } do
+    for _, fault in ipairs { {"Scenes/Second.glb", "scenes\\second.glb: "}, {"Pages/First.txt", "first.txt: its first word is not \"name\""} } do
       write(fault[1], "junk")
       local done, why = pcall(gui.reload)
       check(not done and why:find(fault[2], 1, true), why)
