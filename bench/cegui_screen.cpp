@@ -3,7 +3,8 @@
 #include <CEGUI/CEGUI.h>
 #include <CEGUI/RendererModules/Null/Renderer.h>
 
-#include <vector>
+#include <cstdio>
+#include <exception>
 
 #include "bench/screen_benchmarks.h"
 
@@ -89,4 +90,11 @@ class CeguiScreen {
 }  // namespace
 }  // namespace qen::bench
 
-int main(int argc, char** argv) { return qen::bench::RunScreenBenchmarks<qen::bench::CeguiScreen>(argc, argv); }
+int main(int argc, char** argv) {
+  try {
+    return qen::bench::RunScreenBenchmarks<qen::bench::CeguiScreen>(argc, argv);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "cegui_screen: %s\n", failure.what());
+    return 1;
+  }
+}

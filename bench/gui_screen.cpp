@@ -80,7 +80,7 @@ class GuiScreen {
 
   void Load() { LoadPage(kWidgets); }
 
-  void Unload() { host_.gui->Release(); }
+  void Unload() const { host_.gui->Release(); }
 
   void Update(std::size_t hovered) {
     if (places_.empty()) FindPlaces();

@@ -90,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(SmallAndLarge, GltfTurnTest,
 
 TEST_F(GltfNodesTest, TakeMatricesApart) {
   const struct {
-    const char* matrix;
+    const char* matrix = nullptr;
     Vec3 translation, scale;
-    float z, w;  // of the rotation
+    float z = 0.0F, w = 0.0F;  // of the rotation
   } kCases[] = {
       // a quarter turn about z that brings x to y
       {"0,2,0,0, -3,0,0,0, 0,0,4,0, 5,6,7,1", {5, 6, 7}, {2, 3, 4}, 0.70711F, 0.70711F},
