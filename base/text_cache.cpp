@@ -1,6 +1,7 @@
 #include "base/text_cache.h"
 
 #include <functional>
+#include <iterator>
 
 #include "base/fonts.h"
 
@@ -30,17 +31,31 @@ bool TextCache::CanForgetOldest() const {
   return entries_.size() >= kUsual && entries_.back().cached.lastShown + 1 < frame_;
 }
 
+void TextCache::ForgetOldest() {
+  if (next_ == std::prev(entries_.end())) next_ = entries_.end();
+  index_.erase(entries_.back().key);
+  entries_.pop_back();
+}
+
+// Frames show their texts in the same order again and again, so the guess saves most searches.
+TextCache::Entries::iterator TextCache::Find(const Key& key) {
+  if (next_ != entries_.end() && next_->key == key) return next_;
+  const auto known = index_.find(key);
+  return known != index_.end() ? known->second : entries_.end();
+}
+
 CachedText& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
-  const auto known = index_.find(Key{font.GetId(), options, text});
-  if (known != index_.end()) {
-    entries_.splice(entries_.begin(), entries_, known->second);
-    return known->second->cached;
+  const Key key{font.GetId(), options, text};
+  // A shadow and its words follow on each other.
+  if (!entries_.empty() && entries_.front().key == key) return entries_.front().cached;
+  const auto found = Find(key);
+  if (found != entries_.end()) {
+    next_ = std::prev(found);
+    entries_.splice(entries_.begin(), entries_, found);
+    return found->cached;
   }
   font.ReportSubstitute();
-  while (CanForgetOldest()) {
-    index_.erase(entries_.back().key);
-    entries_.pop_back();
-  }
+  while (CanForgetOldest()) ForgetOldest();
   entries_.emplace_front(font, text, options);
   index_.emplace(entries_.front().key, entries_.begin());
   return entries_.front().cached;

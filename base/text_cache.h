@@ -55,11 +55,16 @@ class TextCache {
     CachedText cached;
   };
 
-  [[nodiscard]] bool CanForgetOldest() const;
+  using Entries = std::list<Entry>;
 
-  std::list<Entry> entries_;  // the one used last comes first
+  [[nodiscard]] bool CanForgetOldest() const;
+  Entries::iterator Find(const Key& key);
+  void ForgetOldest();
+
+  Entries entries_;                          // the one used last comes first
+  Entries::iterator next_ = entries_.end();  // what followed, the last time, on the one used last; the end: not known
   std::uint32_t frame_ = 2;
-  std::unordered_map<Key, std::list<Entry>::iterator, Hash> index_;
+  std::unordered_map<Key, Entries::iterator, Hash> index_;
 };
 
 }  // namespace qen::base

@@ -79,6 +79,7 @@ class GuiScreen {
   }
 
   void Load() { LoadPage(kWidgets); }
+  void LoadSceneAlone() { LoadPage(kDecoration); }
 
   void Unload() const { host_.gui->Release(); }
 

@@ -55,6 +55,18 @@ inline std::size_t HeapBytes() {
 //   Update(hovered)           a frame's input and update, the cursor on that button
 //   Draw()                    the frame's drawing, for a renderer that does nothing
 //   Bytes()                   heap bytes that loading takes
+//   LoadSceneAlone()          only where a scene is loaded too: that without widgets
+template <class Screen>
+void LoadSceneAlone(benchmark::State& state) {
+  Screen screen(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    screen.LoadSceneAlone();
+    state.PauseTiming();
+    screen.Unload();
+    state.ResumeTiming();
+  }
+}
+
 template <class Screen>
 void LoadScreen(benchmark::State& state) {
   Screen screen(static_cast<std::size_t>(state.range(0)));
@@ -106,6 +118,9 @@ int RunScreenBenchmarks(int argc, char** argv) {
     return PlayWhole<Screen>(std::strtoul(argv[2], nullptr, 10), std::atoi(argv[3]));
   }
   if constexpr (Screen::kLoads) benchmark::RegisterBenchmark("Load", LoadScreen<Screen>)->Apply(ForEachCount);
+  if constexpr (requires(Screen screen) { screen.LoadSceneAlone(); }) {
+    benchmark::RegisterBenchmark("LoadSceneAlone", LoadSceneAlone<Screen>)->Apply(ForEachCount);
+  }
   benchmark::RegisterBenchmark("Update", PlayScreen<Screen, false>)->Apply(ForEachCount);
   benchmark::RegisterBenchmark("UpdateAndDraw", PlayScreen<Screen, true>)->Apply(ForEachCount);
   benchmark::Initialize(&argc, argv);

@@ -6,6 +6,8 @@
 namespace qen {
 namespace {
 
+using Texts = std::unordered_map<std::uint32_t, String>;
+
 constexpr StringView kSection = u"lang";
 constexpr StringView kEntryPrefix = u"str";
 
@@ -26,7 +28,7 @@ String ConvertEscapes(StringView token) {
   return text;
 }
 
-void ReadSection(CGUIParser& parser, TextTable& texts) {
+void ReadSection(CGUIParser& parser, Texts& texts) {
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
     if (token.starts_with(kEntryPrefix)) {
       const std::int32_t id = StringConverter::ParseInt(StringView(token).substr(kEntryPrefix.size()));

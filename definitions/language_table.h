@@ -1,6 +1,7 @@
 // The words of the current language, by text id.
 #pragma once
 
+#include <unordered_map>
 #include <vector>
 
 #include "engine/gui.h"
@@ -16,10 +17,11 @@ class LanguageTable final : public ITextSource {
 
   [[nodiscard]] const String& Words(std::int32_t id) const override;
   bool Replace(std::int32_t id, const String& words);  // false for an id without words
-  [[nodiscard]] const TextTable& Texts() const { return texts_; }
+  [[nodiscard]] TextTable Texts() const { return {texts_.begin(), texts_.end()}; }
+  [[nodiscard]] bool IsEmpty() const { return texts_.empty(); }
 
  private:
-  TextTable texts_;
+  std::unordered_map<std::uint32_t, String> texts_;
 };
 
 // One for the module, alive as long as it is loaded.

@@ -70,7 +70,7 @@ void CGUIBook::SaveLanguage(String sourceFile) {
   platform::CopyFileW(sourceFile.c_str(), path.c_str(), false);
 }
 
-bool CGUIBook::IsTextTableEmpty() { return ModuleLanguageTable().Texts().empty(); }
+bool CGUIBook::IsTextTableEmpty() { return ModuleLanguageTable().IsEmpty(); }
 
 String CGUIBook::GetText(std::int32_t id) { return ModuleLanguageTable().Words(id); }
 

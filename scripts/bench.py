@@ -16,7 +16,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 DOCUMENT = ROOT / "docs" / "performance.md"
 PROGRAMS = {"this module": "gui_screen", "Dear ImGui": "imgui_screen", "CEGUI": "cegui_screen"}
 COUNTS = (100, 1000, 10000)
-STEPS = {"Update": "input and update", "UpdateAndDraw": "the same, drawn", "Load": "load"}
+STEPS = {"Update": "input and update", "UpdateAndDraw": "the same, drawn", "Load": "load", "LoadSceneAlone": "of it, the scene"}
 WHOLE_FRAMES = 300
 UNITS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
@@ -25,7 +25,7 @@ def run_benchmarks(program):
     """Name of each benchmark to its median and the counters of its first run; times in nanoseconds."""
     with tempfile.TemporaryDirectory() as folder:
         out = os.path.join(folder, "out.json")
-        subprocess.run([ROOT / "build/release/bin" / program, "--benchmark_repetitions=5", "--benchmark_min_time=0.2",
+        subprocess.run([ROOT / "build/release/bin" / program, "--benchmark_repetitions=3", "--benchmark_min_time=0.1",
                         "--benchmark_out=" + out, "--benchmark_out_format=json"], cwd=folder, check=True,
                        stdout=subprocess.DEVNULL)
         with open(out, encoding="utf-8") as file:
