@@ -60,9 +60,7 @@ struct Renderer final : base::IRenderBackend {
     return plan.Fails("IRenderBackend::CreateGeometry") ? 0 : real->CreateGeometry(vertices, indices);
   }
   void DestroyGeometry(std::uint32_t geometry) override { real->DestroyGeometry(geometry); }
-  void Draw(base::DrawList& list, std::int32_t width, std::int32_t height) override {
-    real->Draw(list, width, height);
-  }
+  void Draw(base::DrawList& list, std::int32_t width, std::int32_t height) override { real->Draw(list, width, height); }
   FaultPlan& plan;
   base::IRenderBackend* real = nullptr;
 };
