@@ -32,7 +32,6 @@ class CGUIMessageCollector {
   void Purge();
 
   void Clear();
-  [[nodiscard]] std::size_t Size() const { return queue_.size(); }
 
  private:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);

@@ -49,9 +49,8 @@ class QEN_API ICGUIObject {
   ICGUIObject& operator=(const ICGUIObject&) = delete;
 
   [[nodiscard]] ICGUIPageObject* GetPage() const { return page; }
-  [[nodiscard]] SimpleSceneInstance* GetSubScene() const {
-    return subScene;
-  }  // drawn at the widget's nodes; may be null
+  // Drawn with the node of a list, text or picture, in the instance's own place; null for none.
+  [[nodiscard]] SimpleSceneInstance* GetSubScene() const { return subScene; }
 
   ICGUIPageObject* page = nullptr;
   ItemInfo* info = nullptr;

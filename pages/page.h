@@ -31,7 +31,6 @@ class CGUIPage final : public PageBase {
   void UnregisterRenderObject(RenderClient* client) override;
 
   void SetSound(std::int32_t soundKind, const String& file) override { sounds_.Set(soundKind, file); }
-  [[nodiscard]] const PageSounds& Sounds() const { return sounds_; }
 
  private:
   // Before the first pick: past everything, also where a line counts in both directions.

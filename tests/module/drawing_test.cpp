@@ -69,6 +69,27 @@ TEST_F(PageDrawing, DrawsTheBoxesOfAWidgetThatShowsThem) {
   EXPECT_EQ(lines, 1U) << "of the node that is drawn";
 }
 
+TEST_F(PageDrawing, DrawsTheSceneThatAPictureCarriesWhileItIsShown) {
+  base::SceneData album;
+  base::AddBox(album, u"~pframe", -1, {}, {10, 10, 1});
+  page = OpenScene(std::move(album), {}, u"album");
+  base::SceneData figure;
+  base::AddBox(figure, u"hat", -1, {}, {1, 1, 1});
+  base::AddBox(figure, u"plume", -1, {0, 2, 0}, {1, 1, 1});
+  page->items[0]->subScene = OpenScene(std::move(figure), {}, u"figure")->instance;
+  ShowOnly(1);
+  engine.calls.clear();
+  DrawPages();
+  EXPECT_EQ(engine.render.frame.items.size(), 1U + 2U);
+  const std::vector<base::Call> drawn = engine.CallsOf("SimpleSceneInstance::Render");
+  ASSERT_EQ(drawn.size(), 1U);
+  EXPECT_EQ(std::get<std::int64_t>(drawn[0].arguments.back()), 2) << "with the interface";
+  page->items[0]->SetVisible(0);
+  Frame();
+  DrawPages();
+  EXPECT_TRUE(engine.render.frame.items.empty());
+}
+
 TEST_F(PageDrawing, CallsRenderClientsInOrderAndForgetsThemOnUnload) {
   std::vector<std::string> journal;
   Client a(journal, u"a");

@@ -57,6 +57,8 @@ TEST_F(Navigation, SetPageIsExpandedWhenItIsPosted) {
                    u"addrenderpage:c.glb", u"addactivepage:a.glb", u"addactivepage:d.glb"}));
   EXPECT_EQ(Active(), (Pages{0, 3}));
   EXPECT_EQ(Rendered(), (Pages{3, 0, 2}));
+  EXPECT_TRUE(gui->IsActivePage(3) && gui->IsRenderPage(2));
+  EXPECT_FALSE(gui->IsActivePage(2) || gui->IsRenderPage(1));
   ShowOnly(2);
   ActivateButton(2);
   EXPECT_EQ(Active(), (Pages{2})) << "the stack is empty again";
