@@ -17,6 +17,8 @@ function(gui_add_test name)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} engine base project_options GTest::gmock GTest::gtest_main)
+  # Compiles a quarter faster than with -O3; what is tested is optimised as users have it.
+  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
   list(LENGTH arg_SOURCES count)
   if(count GREATER 5 AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     # Most of what a test's compilation costs. With GCC 12 warnings about library code would come out of it.
