@@ -17,7 +17,7 @@ function(gui_add_test name)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} engine base project_options GTest::gmock GTest::gtest_main)
-  # Compiles a quarter faster than with -O3; what is tested is optimised as users have it.
+  # Compiles a quarter faster than with -O3; the libraries that are tested are optimised as users have them.
   target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
   list(LENGTH arg_SOURCES count)
   if(count GREATER 5 AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
