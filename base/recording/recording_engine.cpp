@@ -58,9 +58,4 @@ std::vector<Call> RecordingEngine::CallsOf(std::string_view name) const {
   return found;
 }
 
-bool RecordingEngine::HasLogged(StringView part) const {
-  const auto contains = [part](const String& line) { return line.find(part) != String::npos; };
-  return std::ranges::any_of(log, contains) || std::ranges::any_of(errors, contains);
-}
-
 }  // namespace qen::base

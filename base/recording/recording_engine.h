@@ -38,7 +38,6 @@ class QEN_API RecordingEngine {
 
   void RecordCalls(bool on);  // on at first
   [[nodiscard]] std::vector<Call> CallsOf(std::string_view name) const;
-  [[nodiscard]] bool HasLogged(StringView part) const;  // in a line of either kind
 
   FakeWindow window;
   RecordingRender render;

@@ -5,14 +5,7 @@
 namespace qen::test {
 namespace {
 
-class Building : public GuiTest {
- protected:
-  ICGUIPageObject* OpenScene(const String& file, base::SceneData scene) {
-    engine.AddScene(file, std::move(scene));
-    AddText(u"page.txt", u"name " + file);
-    return OpenPage(u"page.txt");
-  }
-};
+class Building : public GuiTest {};
 
 TEST_F(Building, MakesAWidgetOfEachMarkedNode) {
   base::SceneData scene;
@@ -24,7 +17,7 @@ TEST_F(Building, MakesAWidgetOfEachMarkedNode) {
   base::AddNode(scene, u"~qslot");
   base::AddNode(scene, u"Plain");
   base::AddNode(scene, u"~llist");
-  ICGUIPageObject* page = OpenScene(u"menus\\main.sce", std::move(scene));
+  ICGUIPageObject* page = OpenScene(std::move(scene), {}, u"menus\\main");
   ASSERT_EQ(page->items.size(), 3U);
   EXPECT_EQ(page->items[0]->info->name, u"~bstart");
   EXPECT_EQ(page->items[0]->info->type, widget_type::kButton);
@@ -32,15 +25,14 @@ TEST_F(Building, MakesAWidgetOfEachMarkedNode) {
   EXPECT_EQ(page->items[1]->GetId(), 1);
   EXPECT_EQ(page->items[2]->info->tooltip, -1);
   EXPECT_EQ(page->items[2]->info->visible, 1U);
-  EXPECT_EQ(page->baseName, u"main.sce");
-  EXPECT_EQ(page->name, u"menus\\main.sce");
+  EXPECT_EQ(page->baseName, u"main.glb");
+  EXPECT_EQ(page->name, u"menus\\main.glb");
 }
 
 TEST_F(Building, AsksTheSceneManagerInOrder) {
-  base::SceneData scene;
-  base::AddNode(scene, u"Root");
+  AddButtonPage(u"a\\b", {});
   engine.calls.clear();
-  OpenScene(u"a\\b.sce", std::move(scene));
+  OpenPage(u"a\\b.txt");
   std::vector<std::string> names;
   for (const base::Call& call : engine.calls) {
     if (call.name.starts_with("ISceneMng") || call.name.starts_with("SimpleScene")) {
@@ -50,15 +42,15 @@ TEST_F(Building, AsksTheSceneManagerInOrder) {
       }
     }
   }
-  const std::vector<std::string> wanted{"ISceneMng::RemoveSimpleScene b.sce_gui",
-                                        "ISceneMng::DestroyScene b.sce_scene",
-                                        "ISceneMng::CreateScene b.sce_scene",
+  const std::vector<std::string> wanted{"ISceneMng::RemoveSimpleScene b.glb_gui",
+                                        "ISceneMng::DestroyScene b.glb_scene",
+                                        "ISceneMng::CreateScene b.glb_scene",
                                         "SimpleScene::SimpleScene CGUIPage",
                                         "SimpleScene::Load",
-                                        "ISceneMng::AddSimpleScene b.sce_gui",
-                                        "ISceneMng::AddLight b.sce_scene",
-                                        "ISceneMng::CreateInstance b.sce_scene",
-                                        "ISceneMng::DisableScene b.sce_scene"};
+                                        "ISceneMng::AddSimpleScene b.glb_gui",
+                                        "ISceneMng::AddLight b.glb_scene",
+                                        "ISceneMng::CreateInstance b.glb_scene",
+                                        "ISceneMng::DisableScene b.glb_scene"};
   ASSERT_GE(names.size(), wanted.size());
   for (std::size_t i = 0; i < wanted.size(); ++i) {
     EXPECT_EQ(names[i].substr(0, wanted[i].size()), wanted[i]) << "call " << i;
@@ -72,13 +64,12 @@ TEST_F(Building, StatesFallBackToTheNormalNode) {
   base::AddBox(scene, u"on", node, {}, {5, 5, 1});
   const std::int32_t group = base::AddNode(scene, u"group", node);
   base::AddBox(scene, u"disabled", group, {}, {5, 5, 1});
-  OpenScene(u"s.glb", std::move(scene));
+  OpenScene(std::move(scene));
   ICGUIObject* bare = Find(u"~bbare");
   ASSERT_NE(bare->normalNode, nullptr);
   EXPECT_EQ(bare->onMouseNode, bare->normalNode) << "a shorter name is no match";
   EXPECT_EQ(bare->onMouseIndex, -1);
   EXPECT_EQ(bare->disabledNode, bare->normalNode) << "grandchildren do not count";
-  ShowOnly(0);
   Hover(*bare);
   Frame();
   EXPECT_TRUE(IsDrawn(u"NORMAL_mesh"));
@@ -93,13 +84,9 @@ TEST_F(Building, WidgetsWithoutTheirNodesAreInert) {
   for (const StringView name : {u"~bempty", u"~cempty", u"~lempty", u"~pempty", u"~sempty", u"~tempty"}) {
     base::AddNode(scene, name);
   }
-  ICGUIPageObject* page = OpenScene(u"s.glb", std::move(scene));
+  ICGUIPageObject* page = OpenScene(std::move(scene));
   ASSERT_EQ(page->items.size(), 6U);
-  ShowOnly(0);
-  Press();
-  Frame();
-  ReleaseButton();
-  Frame();
+  ClickHere();
   Send(message::kKey, u'x');
   DrawPages();
   gui->FocusNext();

@@ -105,16 +105,10 @@ TEST_F(Button, SoundsOnceOnEnteringAndOnEachClick) {
 
 TEST_F(Button, ReportsToThePageAndTakesTheFocus) {
   const base::Point at = ProjectMiddle(*quit);
-  const PickResult* result = PickAt(at, 0);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->hovered, quit);
-  EXPECT_EQ(result->clicked, nullptr);
+  EXPECT_EQ(PickAt(at, 0), Picked(quit, nullptr));
   EXPECT_EQ(page->focusIndex, 1);
-  result = page->Pick(&engine.viewport, static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y), 1, 2, 0);
-  ASSERT_NE(result, nullptr) << "the larger button state counts";
-  EXPECT_EQ(result->clicked, quit);
-  EXPECT_EQ(result->hovered, quit);
-  EXPECT_EQ(PickAt(at, 1), nullptr) << "held";
+  EXPECT_EQ(PickAt(at, 1, 0, 2), Picked(quit, quit)) << "the larger button state counts";
+  EXPECT_EQ(PickAt(at, 1), std::nullopt) << "held";
 }
 
 TEST_F(Button, MovesWithItsMatrix) {
@@ -132,10 +126,7 @@ TEST_F(Button, TheEarlierOfTwoOverlappingIsPicked) {
   ok->GetMatrix(matrix);
   matrix.SetTranslation(matrix.GetTranslation() + Vec3{0, 0, 20.0F});
   quit->SetMatrix(matrix);
-  const base::Point at = ProjectMiddle(*quit);
-  const PickResult* result = PickAt(at, 0);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->hovered, ok);
+  EXPECT_EQ(PickAt(ProjectMiddle(*quit), 0), Picked(ok, nullptr));
   EXPECT_EQ(quit->state, 2) << "both are updated";
 }
 

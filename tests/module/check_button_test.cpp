@@ -5,8 +5,6 @@
 namespace qen::test {
 namespace {
 
-using Words = std::vector<String>;
-
 class CheckButton : public GuiTest {
  protected:
   CheckButton() {
@@ -78,16 +76,10 @@ TEST_F(CheckButton, FlipsOnceAClick) {
 
 TEST_F(CheckButton, ReportsItself) {
   const base::Point at = ProjectMiddle(*b);
-  const PickResult* result = PickAt(at, 0);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->hovered, b);
-  EXPECT_EQ(result->clicked, nullptr);
+  EXPECT_EQ(PickAt(at, 0), Picked(b, nullptr));
   EXPECT_EQ(page->focusIndex, b->GetId());
-  result = PickAt(at, 2);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->hovered, b);
-  EXPECT_EQ(result->clicked, b);
-  EXPECT_EQ(PickAt(at, 1), nullptr);
+  EXPECT_EQ(PickAt(at, 2), Picked(b, b));
+  EXPECT_EQ(PickAt(at, 1), std::nullopt);
 }
 
 TEST_F(CheckButton, IsDisabledInEitherState) {

@@ -6,8 +6,6 @@
 namespace qen::test {
 namespace {
 
-using Words = std::vector<String>;
-
 class Commands : public GuiTest {
  protected:
   Commands() {
@@ -197,18 +195,6 @@ TEST_F(Reentrancy, RecordsOfListEntriesThatAreGoneNameNobody) {
   ASSERT_EQ(listener.records.size(), 1U);
   EXPECT_EQ(listener.records[0].record.source, nullptr);
   EXPECT_EQ(two->info->checked, 0U);
-}
-
-TEST_F(Reentrancy, HandlersComeAndGo) {
-  Listener second;
-  listener.onRecord = [&](std::uint32_t, GuiMessage&) {
-    System::daemon->AddHandler(&second, 0x80000000U);
-    System::daemon->RemoveHandler(&listener, category::kAll);
-  };
-  Click(*one);
-  EXPECT_EQ(listener.records.size(), 1U);
-  EXPECT_EQ(second.records.size(), 3U);
-  System::daemon->RemoveHandler(&second, category::kAll);
 }
 
 }  // namespace

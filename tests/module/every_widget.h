@@ -9,8 +9,8 @@ namespace qen::test {
 inline constexpr StringView kEveryWidget[] = {u"~bbutton", u"~ccheck", u"~ppicture", u"~sbar",
                                               u"~llist",   u"~ttext",  u"~tscroll"};
 
-// Adds the scene and the definition, which gives every widget the properties, as `name`.glb and `name`.txt.
-inline void AddPageOfEveryWidget(base::RecordingEngine& engine, const String& name, StringView properties) {
+// With the parts that definitions can set.
+inline base::SceneData SceneOfEveryWidget() {
   base::SceneData scene;
   const std::int32_t button = AddButton(scene, u"button", {-60, 50, 0});
   base::AddNode(scene, u"text_button", button);
@@ -21,7 +21,12 @@ inline void AddPageOfEveryWidget(base::RecordingEngine& engine, const String& na
   AddList(scene, u"list", {-40, 20, 0});
   AddTextBox(scene, u"text", {40, 45, 0});
   AddTextBox(scene, u"scroll", {40, 15, 0}, true);
-  engine.AddScene(name + u".glb", std::move(scene));
+  return scene;
+}
+
+// Adds the scene and the definition, which gives every widget the properties, as `name`.glb and `name`.txt.
+inline void AddPageOfEveryWidget(base::RecordingEngine& engine, const String& name, StringView properties) {
+  engine.AddScene(name + u".glb", SceneOfEveryWidget());
   String definition = u"name " + name + u".glb\n";
   for (const StringView widget : kEveryWidget) {
     definition += u"item " + String(widget) + u"\n{\n" + String(properties) + u"\n}\n";

@@ -128,9 +128,20 @@ void GuiTest::Type(StringView keys) {
   for (const Char key : keys) Send(message::kKey, key);
 }
 
-const PickResult* GuiTest::PickAt(base::Point client, std::uint32_t mouse, Char key, std::uint32_t page) {
-  return gui->GetPage(page)->Pick(&engine.viewport, static_cast<std::uint32_t>(client.x),
-                                  static_cast<std::uint32_t>(client.y), mouse, 0, key);
+std::optional<GuiTest::Picked> GuiTest::PickAt(base::Point client, std::uint32_t mouse, Char key, std::uint32_t other) {
+  const PickResult* result = gui->GetPage(0)->Pick(&engine.viewport, static_cast<std::uint32_t>(client.x),
+                                                   static_cast<std::uint32_t>(client.y), mouse, other, key);
+  if (result == nullptr) return std::nullopt;
+  return Picked(result->hovered, result->clicked);
+}
+
+std::vector<std::string> GuiTest::CallNames(const std::vector<std::string_view>& beginnings) const {
+  std::vector<std::string> names;
+  for (const base::Call& call : engine.calls) {
+    const auto begins = [&call](std::string_view beginning) { return call.name.starts_with(beginning); };
+    if (std::ranges::any_of(beginnings, begins)) names.push_back(call.name);
+  }
+  return names;
 }
 
 void GuiTest::Say(ICGUIObject& widget, const std::vector<String>& messages) {

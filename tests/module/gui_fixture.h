@@ -5,7 +5,9 @@
 
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/recording/recording_engine.h"
@@ -46,6 +48,8 @@ class Module {
   void* library_;
 };
 
+using Words = std::vector<String>;
+
 // Takes every message, as a game module does.
 class Listener final : public Object {
  public:
@@ -60,7 +64,7 @@ class Listener final : public Object {
   std::vector<Record> records;                                         // command and notification records, copied
 
   // The words and arguments of the records, as "word:argument".
-  [[nodiscard]] std::vector<String> Texts() const;
+  [[nodiscard]] Words Texts() const;
 };
 
 // A button of 20 x 10 units: "~b<name>" with its states, at a place in the x-y plane.
@@ -104,13 +108,17 @@ class GuiTest : public ::testing::Test {
   void ClickHere();
   void Type(StringView keys);  // one key message a character
 
-  // What the page says of the cursor there.
-  const PickResult* PickAt(base::Point client, std::uint32_t mouse, Char key = 0, std::uint32_t page = 0);
+  // What the first page says of the cursor there, with one or both mouse buttons.
+  using Picked = std::pair<const ICGUIObject*, const ICGUIObject*>;  // hovered, clicked
+  std::optional<Picked> PickAt(base::Point client, std::uint32_t mouse, Char key = 0, std::uint32_t other = 0);
 
   // Gives the widget more messages.
   static void Say(ICGUIObject& widget, const std::vector<String>& messages);
 
   ICGUIObject* Find(const String& name, std::uint32_t page = 0) const { return gui->FindObject(page, name.c_str()); }
+  // The names of the engine's calls that begin with one of these, in order.
+  [[nodiscard]] std::vector<std::string> CallNames(const std::vector<std::string_view>& beginnings) const;
+
   // Whether the node is drawn by the last frame of `DrawPages`.
   bool IsDrawn(const String& node, std::uint32_t page = 0);
   void DrawPages();

@@ -6,6 +6,8 @@
 
 namespace qen::test {
 
+using Indices = std::vector<std::uint32_t>;
+
 class ListTest : public GuiTest {
  protected:
   static constexpr float kScale = 0.14F;       // world units a font pixel

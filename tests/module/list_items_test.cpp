@@ -4,8 +4,6 @@
 namespace qen::test {
 namespace {
 
-using Indices = std::vector<std::uint32_t>;
-
 class ListItems : public ListTest {
  protected:
   String Names() {

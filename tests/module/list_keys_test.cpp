@@ -4,8 +4,6 @@
 namespace qen::test {
 namespace {
 
-using Indices = std::vector<std::uint32_t>;
-
 class ListKeys : public ListTest {};
 
 TEST_F(ListKeys, GoRound) {
@@ -60,8 +58,8 @@ TEST_F(ListKeys, ThatStepTakeTheHoverBack) {
   Fill(5);
   Item(1).selected = 1;
   const base::Point at = Project(RowPlace(5) + Vec3{35, 0, 0});
-  EXPECT_EQ(PickAt(at, 0, kUpKey), nullptr);
-  EXPECT_NE(PickAt(at, 0, u'x'), nullptr);
+  EXPECT_EQ(PickAt(at, 0, kUpKey), std::nullopt);
+  EXPECT_NE(PickAt(at, 0, u'x'), std::nullopt);
 }
 
 }  // namespace

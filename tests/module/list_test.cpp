@@ -6,8 +6,6 @@
 namespace qen::test {
 namespace {
 
-using Indices = std::vector<std::uint32_t>;
-
 class List : public ListTest {
  protected:
   // The entries that are lit, of those in sight.
@@ -86,17 +84,9 @@ TEST_F(List, ReportsItselfWithoutAClick) {
   Open();
   Fill(3);
   const base::Point at = Project(RowPlace(1));
-  for (const std::uint32_t mouse : {0U, 1U, 2U}) {
-    const PickResult* result = PickAt(at, mouse);
-    ASSERT_NE(result, nullptr);
-    EXPECT_EQ(result->hovered, list);
-    EXPECT_EQ(result->clicked, nullptr);
-  }
-  const PickResult* result = PickAt(Project({40, 36, -1}), 2);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->hovered, list) << "its slide bar's results are the list's";
-  EXPECT_EQ(result->clicked, list);
-  EXPECT_EQ(PickAt({1, 1}, 2), nullptr);
+  for (const std::uint32_t mouse : {0U, 1U, 2U}) EXPECT_EQ(PickAt(at, mouse), Picked(list, nullptr));
+  EXPECT_EQ(PickAt(Project({40, 36, -1}), 2), Picked(list, list)) << "its slide bar's results are the list's";
+  EXPECT_EQ(PickAt({1, 1}, 2), std::nullopt);
 }
 
 TEST_F(List, DrawsItsRowsInOrderAndShadowsFirst) {

@@ -1,11 +1,8 @@
 // The description file, languages, style and tooltips.
-#include "engine/system.h"
 #include "tests/module/gui_fixture.h"
 
 namespace qen::test {
 namespace {
-
-using Words = std::vector<String>;
 
 class Loading : public GuiTest {
  protected:
@@ -63,8 +60,15 @@ TEST_F(Loading, AnswersAsItsLastKeyDid) {
 
 TEST_F(Loading, ASecondLoadAddsPagesAndForgetsUndoAndStyle) {
   LoadText(u"name menu.txt tool style.txt");
+  ShowOnly(0);
+  gui->GetRenderPages().clear();
+  gui->SetPage(0);
+  Deliver();
   LoadText(u"name menu.txt");
   EXPECT_EQ(gui->GetPageCount(), 2U);
+  Say(*Find(u"~bok"), {u"undopage"});
+  Click(*Find(u"~bok"));
+  EXPECT_EQ(gui->GetRenderPages(), std::vector<std::uint32_t>{0}) << "as the page was set";
   engine.calls.clear();
   gui->CreateStyleResources();
   EXPECT_TRUE(engine.CallsOf("FontManager::CreateEx").empty());
@@ -177,16 +181,6 @@ TEST_F(Tooltip, StaysBesideTheCursor) {
     EXPECT_EQ(left == x, x == 0) << "starts at the cursor at the left edge only";
     EXPECT_LT(std::get<std::int64_t>(quad.arguments[0]), left);
   }
-}
-
-TEST_F(Loading, ServicesMayBeMissing) {
-  System::ime = nullptr;
-  System::sound = nullptr;
-  LoadText(u"lang texts.txt name menu.txt tool style.txt");
-  ShowOnly(0);
-  Click(*Find(u"~bok"));
-  DrawPages();
-  gui->Release();
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ TEST_F(Picture, DispatchesOncePerRelease) {
 }
 
 TEST_F(Picture, NeverBecomesWhatIsPicked) {
-  for (const std::uint32_t mouse : {0U, 1U, 2U}) EXPECT_EQ(PickAt(ProjectMiddle(*map), mouse), nullptr);
+  for (const std::uint32_t mouse : {0U, 1U, 2U}) EXPECT_EQ(PickAt(ProjectMiddle(*map), mouse), std::nullopt);
 }
 
 TEST_F(Picture, RestsWhileDisabledOrHidden) {

@@ -112,6 +112,13 @@ TEST_F(Quad, DrawsItsSquareInTheNodesPlane) {
               ElementsAre(base::CallArgument("-4 0 4"), base::CallArgument("4 0 4"), base::CallArgument("-4 0 -4"),
                           base::CallArgument("4 0 -4"), base::CallArgument(std::int64_t{0xFFFFFFFF})));
   EXPECT_EQ(calls[3].name, "Drawing::EndQuads");
+
+  EXPECT_EQ(gui->GetNodeMatrix(0, u"~qslot0")->m[3][1], 2.0F);
+  EXPECT_EQ(quad.node->transform.m[3][2], 5.0F);
+  EXPECT_EQ(quad.node->inverseTransform.m[3][0], -1.0F);
+  Matrix4x4 read = Matrix4x4::Identity;
+  quad.GetMatrix(read);
+  EXPECT_EQ(read.m[3][0], 1.0F);
 }
 
 TEST_F(Quad, PulsesWhileActive) {
@@ -157,19 +164,6 @@ TEST_F(Quad, CannotBeHiddenOrDisabledButItsNodeCanBeTurnedOff) {
   EXPECT_TRUE(DrawSlots().empty());
   quad.ShowNodes(1);
   EXPECT_EQ(DrawSlots().size(), 1U);
-}
-
-TEST_F(Quad, MovesItsNode) {
-  ICGUIDummy& quad = OpenQuad();
-  Matrix4x4 moved = Matrix4x4::Identity;
-  moved.SetTranslation({1, 2, 3});
-  quad.SetMatrix(moved);
-  EXPECT_EQ(gui->GetNodeMatrix(0, u"~qslot0")->m[3][1], 2.0F);
-  EXPECT_EQ(quad.node->transform.m[3][2], 3.0F);
-  EXPECT_EQ(quad.node->inverseTransform.m[3][0], -1.0F);
-  Matrix4x4 read = Matrix4x4::Identity;
-  quad.GetMatrix(read);
-  EXPECT_EQ(read.m[3][0], 1.0F);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include "engine/font_desc.h"
 #include "tests/module/bag_fixture.h"
 #include "tests/module/data_folder.h"
-#include "tests/module/widget_nodes.h"
+#include "tests/module/every_widget.h"
 
 namespace qen::test {
 namespace {
@@ -128,10 +128,8 @@ class RoundTrip : public SavingTest {
 };
 
 TEST_F(RoundTrip, KeepsEveryFieldOfAPage) {
-  base::SceneData scene;
-  for (const Char* name : {u"~tTitle", u"~bOk", u"~cMusic", u"~lGames", u"~sVolume", u"~pMap", u"~bMénü雪"}) {
-    AddWidget(scene, name);
-  }
+  base::SceneData scene = SceneOfEveryWidget();
+  base::AddNode(scene, u"text", AddButton(scene, u"Ménü雪", {}));
   engine.AddScene(u"scenes\\menu.glb", std::move(scene));
   AddAnimations({u"a.glb", u"b.glb", u"c.glb"});
   AddText(u"menu.txt", u"name scenes\\menu.glb anim c.glb anim_out b.glb anim_in a.glb onclickwav c.wav");

@@ -32,8 +32,9 @@ class SlideBar : public GuiTest {
     ClickHere();
   }
 
-  // "c" for each command record since the last call, "n" for each notification.
+  // Delivers what is left; then "c" for each command record since the last call, "n" for each notification.
   std::string Dispatched() {
+    Deliver();
     std::string ids;
     for (const Listener::Record& entry : listener.records) {
       ids += entry.id == message::kNotification ? 'n' : entry.id == message::kCommand ? 'c' : '?';
@@ -42,7 +43,7 @@ class SlideBar : public GuiTest {
     return ids;
   }
 
-  const PickResult* Pick(const Vec3& place, std::uint32_t mouse, Char key = 0) {
+  std::optional<Picked> Pick(const Vec3& place, std::uint32_t mouse, Char key = 0) {
     return PickAt(Project(place), mouse, key);
   }
 
@@ -94,23 +95,12 @@ TEST_F(SlideBar, ReachesItsEndsAndNoFurther) {
 }
 
 TEST_F(SlideBar, TellsOfEveryFrameThatItIsDragged) {
-  const PickResult* result = Pick(OnX(0.3), 1);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->clicked, x);
-  EXPECT_EQ(result->hovered, x);
+  EXPECT_EQ(Pick(OnX(0.3), 1), Picked(x, x));
   Pick(OnX(0.3), 1);
-  Deliver();
   EXPECT_EQ(Dispatched(), "nn");
-  Deliver();
   EXPECT_EQ(Dispatched(), "") << "delivered once";
-  result = Pick(OnX(0.3), 0);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->clicked, nullptr);
-  EXPECT_EQ(result->hovered, x);
-  result = Pick(OnX(0.9), 2);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->clicked, nullptr) << "a release does not move it";
-  Deliver();
+  EXPECT_EQ(Pick(OnX(0.3), 0), Picked(x, nullptr));
+  EXPECT_EQ(Pick(OnX(0.9), 2), Picked(x, nullptr)) << "a release does not move it";
   EXPECT_EQ(Dispatched(), "c") << "but it is a click on the button that the bar is";
 }
 
@@ -140,7 +130,6 @@ TEST_F(SlideBar, StepsByATenthWithTheKeys) {
     x->info->position = row.from;
     Pick(OnX(0.5), 0, row.key);
     EXPECT_EQ(x->info->position, row.to) << row.min << ".." << row.max << " from " << row.from;
-    Deliver();
     EXPECT_EQ(Dispatched(), row.key == 13 ? "" : "n");
   }
   x->info->position = -10;
@@ -156,10 +145,7 @@ TEST_F(SlideBar, StepsByOneWithItsButtons) {
     EXPECT_EQ(x->info->position, wanted);
     EXPECT_EQ(Dispatched(), "cn");
   }
-  const PickResult* result = Pick(OnX(kUp), 2);
-  ASSERT_NE(result, nullptr);
-  EXPECT_EQ(result->clicked, x);
-  EXPECT_EQ(result->hovered, x);
+  EXPECT_EQ(Pick(OnX(kUp), 2), Picked(x, x));
   EXPECT_EQ(page->focusIndex, x->GetId());
 
   x->wrap = 1;
@@ -185,8 +171,7 @@ TEST_F(SlideBar, IgnoresAllWhileDisabled) {
   }
   ReleaseButton();
   Frame();
-  EXPECT_EQ(Pick(OnX(0.5), 0, 40), nullptr);
-  Deliver();
+  EXPECT_EQ(Pick(OnX(0.5), 0, 40), std::nullopt);
   EXPECT_EQ(x->info->position, 0);
   EXPECT_EQ(Dispatched(), "");
 }
@@ -195,7 +180,6 @@ TEST_F(SlideBar, NotificationsChangeNoWidget) {
   x->info->messages.back()->text = u"enable/disable:~sy";
   x->info->checked = 1;
   Pick(OnX(0.5), 1);
-  Deliver();
   EXPECT_EQ(Dispatched(), "n");
   EXPECT_EQ(y->info->disabled, 0U);
 }

@@ -31,11 +31,9 @@ TEST_F(TextScroll, MeasuresHowFarItGoes) {
   const base::Call measured = engine.CallsOf("Drawing::GetTextRect").back();
   EXPECT_EQ(std::get<std::string>(measured.arguments[0]), "0 0 40 0");
   EXPECT_EQ(std::get<std::int64_t>(measured.arguments[1]), 0x50);
-  std::vector<std::string> names;
-  for (const base::Call& call : engine.calls) {
-    if (call.name.starts_with("Drawing::")) names.push_back(call.name.substr(9));
-  }
-  EXPECT_EQ(names, (std::vector<std::string>{"BeginText3D", "SetFont", "DrawText3D", "GetTextRect", "EndText"}));
+  EXPECT_EQ(CallNames({"Drawing::"}),
+            (std::vector<std::string>{"Drawing::BeginText3D", "Drawing::SetFont", "Drawing::DrawText3D",
+                                      "Drawing::GetTextRect", "Drawing::EndText"}));
 }
 
 TEST_F(TextScroll, MovesTheTextAndItsWindow) {

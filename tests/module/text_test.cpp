@@ -6,25 +6,9 @@ namespace {
 
 class Text : public TextTest {};
 
-TEST_F(Text, StartsWithTheDefaults) {
-  OpenBox();
-  EXPECT_EQ(text->GetColors(), (ICGUIText::Colors{0xFFFFFF, 0xFF, 0xFFFF, 0xA0A0A0, 0, 0}));
-  EXPECT_EQ(StringView(text->GetFontDesc().lfFaceName), u"Courier");
-  EXPECT_EQ(text->GetFontDesc().lfHeight, -21);
-  EXPECT_EQ(text->GetFontDesc().lfWidth, 0);
-  EXPECT_EQ(text->GetFontDesc().lfWeight, 700);
-  EXPECT_EQ(text->GetFontDesc().lfItalic, 0);
-  EXPECT_EQ(text->GetTextId(), -1);
-  EXPECT_EQ(text->GetCentered(), 0U);
-  EXPECT_EQ(text->GetEditable(), 0U);
-  EXPECT_EQ(text->GetEditText(), u"");
-  EXPECT_EQ(text->GetMaxChars(), 16);
-  EXPECT_EQ(text->GetShadowOffset(), 0.0F);
-  EXPECT_EQ(Words(), "");
-}
-
 TEST_F(Text, IsDrawnInItsBox) {
   OpenBox({}, {5, 7, 3});
+  EXPECT_EQ(text->GetColors(), (ICGUIText::Colors{0xFFFFFF, 0xFF, 0xFFFF, 0xA0A0A0, 0, 0}));
   text->SetText(u"word");
   EXPECT_EQ(Drawn(), "-15 14.06 -3 | 0 0 40 20 | 50 ffffffff word\n");
   ASSERT_EQ(engine.CallsOf("Drawing::BeginText3D").size(), 1U);

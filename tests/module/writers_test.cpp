@@ -2,21 +2,13 @@
 #include "engine/font_desc.h"
 #include "tests/module/bag_fixture.h"
 #include "tests/module/data_folder.h"
-#include "tests/module/widget_nodes.h"
+#include "tests/module/every_widget.h"
 
 namespace qen::test {
 namespace {
 
 class Writers : public SavingTest {
  protected:
-  ICGUIPageObject* OpenWidgets(const std::vector<String>& names, StringView definition) {
-    base::SceneData scene;
-    for (const String& name : names) AddWidget(scene, name);
-    engine.AddScene(u"scenes\\menu.glb", std::move(scene));
-    AddText(u"menu.txt", u"name scenes\\menu.glb\n" + String(definition));
-    return OpenPage(u"menu.txt");
-  }
-
   std::string SavedPage(std::uint32_t page = 0) {
     EXPECT_TRUE(gui->SavePage(u"saved.txt", page));
     return BytesOf(folder / "saved.txt");
@@ -63,38 +55,25 @@ String InfoLines(int id, int min = 0, int max = 0, int position = 0) {
 
 TEST_F(Writers, WriteEveryKindOfWidget) {
   const String text(kTextSettings);
-  OpenWidgets({u"~tTitle", u"~bOk", u"~cMusic", u"~lGames", u"~sVolume", u"~pMap"},
-              u"item ~ttitle { tooltip 1 id 70 visible 0 disabled 2 min -3 max 4 position 5 checked 6 message a:b "
-              u"message second textid 7" +
-                  text + u" }\nitem ~bok { textid -8" + text + u" }\nitem ~cmusic { checked 0 textid 9" + text +
-                  u" b_checked { textid 10" + text + u" } b_unchecked { textid 11" + text +
-                  u" } }\nitem ~lgames { maxselect -2 listitem { name \"First entry\" textid 1 commentid 2 tooltip 3 "
-                  u"message pick:1 message pick:2 } listitem { } textid 12" +
-                  text + u" }\nitem ~svolume { min 1 max 9 position 4 }\nitem ~pmap { message go:map }");
+  OpenScene(SceneOfEveryWidget(),
+            u"item ~ttext { tooltip 1 id 70 visible 0 disabled 2 min -3 max 4 position 5 checked 6 message a:b "
+            u"message second textid 7" +
+                text + u" }\nitem ~bbutton { textid -8" + text + u" }\nitem ~ccheck { checked 0 textid 9" + text +
+                u" b_checked { textid 10" + text + u" } b_unchecked { textid 11" + text +
+                u" } }\nitem ~llist { maxselect -2 listitem { name \"First entry\" textid 1 commentid 2 tooltip 3 "
+                u"message pick:1 message pick:2 } listitem { } textid 12" +
+                text + u" }\nitem ~sbar { min 1 max 9 position 4 }\nitem ~ppicture { message go:map }\n" +
+                u"item ~tscroll { textid 13" + text + u" }",
+            u"scenes\\menu");
   const String wanted =
       uR"(name scenes\menu.glb
-item ~ttitle
-{
-	 tooltip 1
-	 id 70
-	 visible 0
-	 disabled 2
-	 min -3
-	 max 4
-	 position 5
-	 checked 6
-	 message a:b
-	 message second
-)" + TextLines(u"7") +
-      uR"(}
-
-item ~bok
-)" + InfoLines(1) +
+item ~bbutton
+)" + InfoLines(0) +
       TextLines(u"-8") +
       uR"(}
 
-item ~cmusic
-)" + InfoLines(2) +
+item ~ccheck
+)" + InfoLines(1) +
       TextLines(u"9") +
       uR"(	 b_checked
 	 {
@@ -106,8 +85,17 @@ item ~cmusic
       uR"(	 }
 }
 
-item ~lgames
-)" + InfoLines(3, 0, 2, 0) +
+item ~ppicture
+)" + InfoLines(2) +
+      uR"(	 message go:map
+}
+
+item ~sbar
+)" + InfoLines(3, 1, 9, 4) +
+      uR"(}
+
+item ~llist
+)" + InfoLines(4) +
       uR"(	 maxselect -2
 
 	 listitem )" +
@@ -132,19 +120,28 @@ item ~lgames
 )" + TextLines(u"12") +
       uR"(}
 
-item ~svolume
-)" + InfoLines(4, 1, 9, 4) +
+item ~ttext
+{
+	 tooltip 1
+	 id 70
+	 visible 0
+	 disabled 2
+	 min -3
+	 max 4
+	 position 5
+	 checked 6
+	 message a:b
+	 message second
+)" + TextLines(u"7") +
       uR"(}
 
-item ~pmap
-)" + InfoLines(5) +
-      uR"(	 message go:map
-}
+item ~tscroll
+)" + InfoLines(6, 0, 100) +
+      TextLines(u"13") +
+      uR"(}
 
 )";
-  const std::string saved = SavedPage();
-  ExpectText(saved, WithLineEnds(wanted));
-  EXPECT_EQ(saved.size() % 2, 1U);
+  ExpectText(SavedPage(), WithLineEnds(wanted));
 }
 
 TEST_F(Writers, WriteTheHeaderLinesThatThereAre) {
@@ -168,7 +165,7 @@ TEST_F(Writers, WriteTheHeaderLinesThatThereAre) {
   };
   std::uint32_t page = 0;
   for (const Row& row : rows) {
-    OpenWidgets({}, row.definition);
+    OpenScene({}, row.definition, u"scenes\\menu");
     ExpectText(SavedPage(page), WithLineEnds(u"name scenes\\menu.glb\n" + String(row.wanted)));
     ++page;
   }
