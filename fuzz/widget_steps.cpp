@@ -1,5 +1,7 @@
 // What a host does to widgets: through their records, and through the operations of their kind.
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 #include "engine/aabb.h"
 #include "engine/gui_widgets.h"
@@ -10,44 +12,31 @@
 namespace qen::fuzz {
 namespace {
 
-void SetRecord(Play& play) {
-  ICGUIObject* widget = play.Widget();
+// Changes one field of the next widget of that kind: the one with that digit, the last one for any other byte.
+template <class Kind>
+void ChangeField(Play& play, std::initializer_list<void (*)(Kind&, std::int32_t)> changes) {
+  auto* widget = play.WidgetOf<Kind>();
   if (widget == nullptr) return;
-  ItemInfo& info = *widget->info;
-  const std::uint8_t field = play.bytes.Next();
-  const std::int32_t number = play.bytes.Number();
-  const auto flag = static_cast<std::uint32_t>(number);
-  switch (field - '0') {
-    case 0:
-      widget->SetVisible(flag);
-      break;
-    case 1:
-      widget->SetDisabled(flag);
-      break;
-    case 2:
-      info.checked = flag;
-      break;
-    case 3:
-      info.position = number;
-      break;
-    case 4:
-      info.max = number;
-      break;
-    case 5:
-      info.min = number;
-      break;
-    case 6:
-      widget->SetShowBox(flag);
-      break;
-    case 7:
-      info.tooltip = number;
-      break;
-    case 8:
-      widget->ShowNodes(flag);
-      break;
-    default:
-      widget->GetId() = number;
-  }
+  const std::size_t field = static_cast<std::uint8_t>(play.bytes.Next() - '0');
+  changes.begin()[std::min(field, changes.size() - 1)](*widget, play.bytes.Number());
+}
+
+std::uint32_t Flag(std::int32_t number) { return static_cast<std::uint32_t>(number); }
+
+void SetRecord(Play& play) {
+  ChangeField<ICGUIObject>(play,
+                           {
+                               [](ICGUIObject& widget, std::int32_t number) { widget.SetVisible(Flag(number)); },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.SetDisabled(Flag(number)); },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.info->checked = Flag(number); },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.info->position = number; },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.info->max = number; },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.info->min = number; },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.SetShowBox(Flag(number)); },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.info->tooltip = number; },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.ShowNodes(Flag(number)); },
+                               [](ICGUIObject& widget, std::int32_t number) { widget.GetId() = number; },
+                           });
 }
 
 void PlaceWidget(Play& play) {
@@ -104,65 +93,34 @@ void ClearList(Play& play) {
 }
 
 void ChangeText(Play& play) {
-  auto* text = play.WidgetOf<ICGUIText>();
-  if (text == nullptr) return;
-  const std::uint8_t field = play.bytes.Next();
-  const std::int32_t number = play.bytes.Number();
-  switch (field - '0') {
-    case 0:
-      text->SetTextId(number);
-      break;
-    case 1:
-      text->SetNumber(number);
-      break;
-    case 2:
-      text->SetText(String(static_cast<std::size_t>(number & 0x1FF), u'\n').c_str());
-      break;
-    case 3:
-      text->SetText(std::string(static_cast<std::size_t>(number & 0x1FF), '\xFF').c_str());
-      break;
-    case 4:
-      text->GetEditable() = static_cast<std::uint32_t>(number);
-      break;
-    case 5:
-      text->GetMaxChars() = number;
-      break;
-    case 6:
-      text->GetShadowOffset() = static_cast<float>(number);
-      break;
-    case 7:
-      text->SetAlpha(static_cast<std::uint32_t>(number));
-      break;
-    case 8:
-      text->GetFontDesc().lfHeight = number;
-      text->RecreateFont();
-      break;
-    default:
-      text->GetCentered() = static_cast<std::uint32_t>(number);
-  }
+  ChangeField<ICGUIText>(
+      play,
+      {
+          [](ICGUIText& text, std::int32_t number) { text.SetTextId(number); },
+          [](ICGUIText& text, std::int32_t number) { text.SetNumber(number); },
+          [](ICGUIText& text, std::int32_t number) { text.SetText(String(Flag(number) & 0x1FF, u'\n').c_str()); },
+          [](ICGUIText& text, std::int32_t number) { text.SetText(std::string(Flag(number) & 0x1FF, '\xFF').c_str()); },
+          [](ICGUIText& text, std::int32_t number) { text.GetEditable() = Flag(number); },
+          [](ICGUIText& text, std::int32_t number) { text.GetMaxChars() = number; },
+          [](ICGUIText& text, std::int32_t number) { text.GetShadowOffset() = static_cast<float>(number); },
+          [](ICGUIText& text, std::int32_t number) { text.SetAlpha(Flag(number)); },
+          [](ICGUIText& text, std::int32_t number) {
+            text.GetFontDesc().lfHeight = number;
+            text.RecreateFont();
+          },
+          [](ICGUIText& text, std::int32_t number) { text.GetCentered() = Flag(number); },
+      });
 }
 
 void ChangeSlot(Play& play) {
-  auto* slot = play.WidgetOf<ICGUIDummy>();
-  if (slot == nullptr) return;
-  const std::uint8_t field = play.bytes.Next();
-  const std::int32_t number = play.bytes.Number();
-  switch (field - '0') {
-    case 0:
-      slot->GetActive() = number;
-      break;
-    case 1:
-      slot->GetScale() = static_cast<float>(number);
-      break;
-    case 2:
-      slot->GetAlpha() = number;
-      break;
-    case 3:
-      slot->SetColor(static_cast<std::uint32_t>(number), number == 1);
-      break;
-    default:
-      slot->LoadTexture();
-  }
+  ChangeField<ICGUIDummy>(
+      play, {
+                [](ICGUIDummy& slot, std::int32_t number) { slot.GetActive() = number; },
+                [](ICGUIDummy& slot, std::int32_t number) { slot.GetScale() = static_cast<float>(number); },
+                [](ICGUIDummy& slot, std::int32_t number) { slot.GetAlpha() = number; },
+                [](ICGUIDummy& slot, std::int32_t number) { slot.SetColor(Flag(number), number == 1); },
+                [](ICGUIDummy& slot, std::int32_t) { slot.LoadTexture(); },
+            });
 }
 
 constexpr std::array<Step, 9> kSteps{{

@@ -25,7 +25,6 @@ void RecordingRender::Draw(DrawList& list, std::int32_t frameWidth, std::int32_t
   }
   width = frameWidth;
   height = frameHeight;
-  ++frameCount;
 }
 
 }  // namespace qen::base

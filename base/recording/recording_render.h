@@ -25,7 +25,6 @@ class QEN_API RecordingRender final : public IRenderBackend {
   std::map<std::uint32_t, Image> textures;  // that exist
   std::map<std::uint32_t, Geometry> geometries;
   DrawList frame;  // the last one; the sub-meshes it points to may be gone
-  std::int32_t frameCount = 0;
   std::int32_t width = 0;
   std::int32_t height = 0;
 

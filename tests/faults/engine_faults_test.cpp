@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,13 +18,6 @@
 
 namespace qen::test {
 namespace {
-
-std::vector<std::string> SplitLines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
 
 std::size_t CountDifferences(const std::vector<std::string>& some, const std::vector<std::string>& others) {
   std::size_t count = 0;
@@ -51,17 +43,17 @@ Played Play(std::size_t struckCall, const std::function<void(FailingEngine&)>& p
   Played played;
   FailingEngine engine(struckCall);
   if (prepare) prepare(engine);
-  SampleGui& sample = engine.Sample();
+  SampleGui& sample = engine.sample;
   sample.Activate();
   played.loaded = sample.Load();
   PlayTour(sample);
-  played.atFirst = SplitLines(Describe(sample));
+  played.atFirst = Describe(sample);
   sample.gui->Reset();
   sample.gui->Release();
-  played.struck = engine.Plan().HasStruck();
-  played.calls = engine.Plan().Calls();
+  played.struck = engine.plan.HasStruck();
+  played.calls = engine.plan.Calls();
   sample.Load();
-  played.afterwards = SplitLines(Describe(sample));
+  played.afterwards = Describe(sample);
   sample.Deactivate();
   played.kept = engine.Kept();
   return played;
@@ -127,7 +119,7 @@ constexpr std::array<Missing, 10> kMissing{{
     {"timer", [](FailingEngine&) { System::timer = nullptr; }, true},
     {"ime", [](FailingEngine&) { System::ime = nullptr; }, true},
     {"sound", [](FailingEngine&) { System::sound = nullptr; }, true},
-    {"managers", [](FailingEngine& engine) { engine.TakeManagersAway(); }, true},
+    {"managers", [](FailingEngine& engine) { engine.managers = false; }, true},
     {"nothing", [](FailingEngine&) {}, true},
 }};
 

@@ -15,20 +15,18 @@
 
 namespace qen::test::failing {
 
-struct Files final : base::IFileBackend {
-  explicit Files(FaultPlan& faults) : plan(faults) {}
+struct Files final : Faulty<base::IFileBackend> {
+  using Faulty::Faulty;
   bool Read(StringView name, std::vector<std::uint8_t>& bytes) override {
     if (plan.Fails("IFileBackend::Read")) return false;
     const bool read = real->Read(name, bytes);
     if (plan.Fails("IFileBackend::Read, empty")) bytes.clear();
     return read;
   }
-  FaultPlan& plan;
-  base::IFileBackend* real = nullptr;
 };
 
-struct SceneFiles final : base::ISceneBackend {
-  explicit SceneFiles(FaultPlan& faults) : plan(faults) {}
+struct SceneFiles final : Faulty<base::ISceneBackend> {
+  using Faulty::Faulty;
   std::optional<base::SceneData> ParseScene(StringView file, std::span<const std::uint8_t> bytes, bool withTextures,
                                             String& error) override {
     if (plan.Fails("ISceneBackend::ParseScene")) return std::nullopt;
@@ -45,12 +43,10 @@ struct SceneFiles final : base::ISceneBackend {
     if (plan.Fails("ISceneBackend::ParseImage")) return std::nullopt;
     return real->ParseImage(bytes);
   }
-  FaultPlan& plan;
-  base::ISceneBackend* real = nullptr;
 };
 
-struct Renderer final : base::IRenderBackend {
-  explicit Renderer(FaultPlan& faults) : plan(faults) {}
+struct Renderer final : Faulty<base::IRenderBackend> {
+  using Faulty::Faulty;
   std::uint32_t CreateTexture(const base::Image& image) override {
     return plan.Fails("IRenderBackend::CreateTexture") ? 0 : real->CreateTexture(image);
   }
@@ -61,28 +57,22 @@ struct Renderer final : base::IRenderBackend {
   }
   void DestroyGeometry(std::uint32_t geometry) override { real->DestroyGeometry(geometry); }
   void Draw(base::DrawList& list, std::int32_t width, std::int32_t height) override { real->Draw(list, width, height); }
-  FaultPlan& plan;
-  base::IRenderBackend* real = nullptr;
 };
 
-struct Faces final : base::IFontBackend {
-  explicit Faces(FaultPlan& faults) : plan(faults) {}
+struct Faces final : Faulty<base::IFontBackend> {
+  using Faulty::Faulty;
   std::unique_ptr<base::IFontFace> CreateFace(const base::FontRequest& request) override {
     return plan.Fails("IFontBackend::CreateFace") ? nullptr : real->CreateFace(request);
   }
-  FaultPlan& plan;
-  base::IFontBackend* real = nullptr;
 };
 
-struct Samples final : base::ISoundBackend {
-  explicit Samples(FaultPlan& faults) : plan(faults) {}
+struct Samples final : Faulty<base::ISoundBackend> {
+  using Faulty::Faulty;
   std::uint32_t Load(std::span<const std::uint8_t> file) override {
     return plan.Fails("ISoundBackend::Load") ? 0 : real->Load(file);
   }
   void Play(std::uint32_t sound, float volume) override { real->Play(sound, volume); }
   void Free(std::uint32_t sound) override { real->Free(sound); }
-  FaultPlan& plan;
-  base::ISoundBackend* real = nullptr;
 };
 
 }  // namespace qen::test::failing

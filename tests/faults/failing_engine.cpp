@@ -7,13 +7,11 @@
 #include "engine/platform.h"
 #include "engine/scene.h"
 #include "engine/system.h"
-#include "tests/faults/failing_backends.h"
-#include "tests/faults/failing_services.h"
 
 namespace qen::test {
 namespace {
 
-FailingEngine::Parts* current = nullptr;
+FailingEngine* current = nullptr;
 
 template <class Wrapper, class Wrapped>
 void PutInFront(Wrapper& wrapper, Wrapped*& place) {
@@ -23,65 +21,37 @@ void PutInFront(Wrapper& wrapper, Wrapped*& place) {
 
 }  // namespace
 
-struct FailingEngine::Parts {
-  explicit Parts(std::size_t struckCall)
-      : plan(struckCall), sample([this](base::Backends& backends) {
-          PutInFront(files, backends.files);
-          PutInFront(sceneFiles, backends.scenes);
-          PutInFront(renderer, backends.render);
-          PutInFront(faces, backends.fonts);
-          PutInFront(samples, backends.sound);
-        }) {
-    PutInFront<failing::Scenes, ISceneMng>(scenes, System::sceneMng);
-    PutInFront<failing::Sounds, ISound>(sounds, System::sound);
-    current = this;
-  }
-  ~Parts() {
-    sample.Deactivate();
-    current = nullptr;
-  }
-  Parts(const Parts&) = delete;
-  Parts& operator=(const Parts&) = delete;
+FailingEngine::FailingEngine(std::size_t struckCall)
+    : plan(struckCall), sample([this](base::Backends& backends) {
+        PutInFront(files, backends.files);
+        PutInFront(sceneFiles, backends.scenes);
+        PutInFront(renderer, backends.render);
+        PutInFront(faces, backends.fonts);
+        PutInFront(samples, backends.sound);
+      }) {
+  PutInFront<failing::Scenes, ISceneMng>(scenes, System::sceneMng);
+  PutInFront<failing::Sounds, ISound>(sounds, System::sound);
+  current = this;
+}
 
-  FaultPlan plan;
-  bool managers = true;
-  failing::Files files{plan};
-  failing::SceneFiles sceneFiles{plan};
-  failing::Renderer renderer{plan};
-  failing::Faces faces{plan};
-  failing::Samples samples{plan};
-  failing::Scenes scenes{plan};
-  failing::Sounds sounds{plan};
-  failing::Fonts fonts{plan};
-  failing::Textures textures{plan};
-  failing::Materials materials{plan};
-  SampleGui sample;
-};
-
-FailingEngine::FailingEngine(std::size_t struckCall) : parts_(std::make_unique<Parts>(struckCall)) {}
-
-FailingEngine::~FailingEngine() = default;
-
-const FaultPlan& FailingEngine::Plan() const { return parts_->plan; }
-
-SampleGui& FailingEngine::Sample() const { return parts_->sample; }
-
-void FailingEngine::TakeManagersAway() { parts_->managers = false; }
+FailingEngine::~FailingEngine() {
+  sample.Deactivate();
+  current = nullptr;
+}
 
 std::string FailingEngine::Kept() const {
-  const Parts& p = *parts_;
-  const base::RecordingEngine& devices = p.sample.engine;
+  const base::RecordingEngine& devices = sample.engine;
   std::string kept;
   const auto add = [&kept](const char* what, std::size_t count) {
     if (count > 0) kept += std::to_string(count) + ' ' + what + ' ';
   };
-  add("scenes", p.scenes.open.size());
-  add("registered scenes", p.scenes.registered.size());
-  add("instances", p.scenes.instances.size());
-  add("fonts", p.fonts.used.size());
-  add("materials", p.materials.used.size());
-  add("textures", p.textures.used.size());
-  add("sounds", p.sounds.made.size());
+  add("scenes", scenes.open.size());
+  add("registered scenes", scenes.registered.size());
+  add("instances", scenes.instances.size());
+  add("fonts", fonts.used.size());
+  add("materials", materials.used.size());
+  add("textures", textures.used.size());
+  add("sounds", sounds.made.size());
   add("faces", static_cast<std::size_t>(devices.fonts.faceCount));
   add("pictures", devices.render.textures.size());
   add("geometries", devices.render.geometries.size());
@@ -97,9 +67,14 @@ namespace {
 
 using test::current;
 
+template <class Function>
+Function* Real(const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
 template <class Manager, class Wrapper>
-Manager* InFrontOf(const char* function, Wrapper test::FailingEngine::Parts::*wrapper) {
-  auto* real = reinterpret_cast<Manager* (*)()>(dlsym(RTLD_NEXT, function))();
+Manager* InFrontOf(const char* function, Wrapper test::FailingEngine::*wrapper) {
+  auto* real = Real<Manager*()>(function)();
   if (current == nullptr || real == nullptr) return real;
   if (!current->managers) return nullptr;
   (current->*wrapper).real = real;
@@ -108,22 +83,18 @@ Manager* InFrontOf(const char* function, Wrapper test::FailingEngine::Parts::*wr
 
 bool Fails(const char* call) { return current == nullptr || current->plan.Fails(call); }
 
-base::FakeWindow& Window() { return current->sample.engine.window; }
-
 }  // namespace
 
-using Parts = test::FailingEngine::Parts;
-
 FontManager* FontManager::GetSingleton() {
-  return InFrontOf<FontManager>("_ZN3qen11FontManager12GetSingletonEv", &Parts::fonts);
+  return InFrontOf<FontManager>("_ZN3qen11FontManager12GetSingletonEv", &test::FailingEngine::fonts);
 }
 
 TextureManager* TextureManager::GetSingleton() {
-  return InFrontOf<TextureManager>("_ZN3qen14TextureManager12GetSingletonEv", &Parts::textures);
+  return InFrontOf<TextureManager>("_ZN3qen14TextureManager12GetSingletonEv", &test::FailingEngine::textures);
 }
 
 MaterialManager* MaterialManager::GetSingleton() {
-  return InFrontOf<MaterialManager>("_ZN3qen15MaterialManager12GetSingletonEv", &Parts::materials);
+  return InFrontOf<MaterialManager>("_ZN3qen15MaterialManager12GetSingletonEv", &test::FailingEngine::materials);
 }
 
 TMNode* SimpleScene::FindMapNode(const String& name) const {
@@ -135,33 +106,26 @@ TMNode* SimpleScene::FindMapNode(const String& name) const {
 namespace platform {
 
 bool GetCursorPos(POINT* point) {
-  if (Fails("GetCursorPos")) return false;
-  *point = {Window().cursor.x, Window().cursor.y};
-  return true;
+  return !Fails("GetCursorPos") && Real<bool(POINT*)>("_ZN3qen8platform12GetCursorPosEPNS0_5POINTE")(point);
 }
 
 bool SetCursorPos(int x, int y) {
-  if (Fails("SetCursorPos")) return false;
-  Window().cursor = {x, y};
-  return true;
+  return !Fails("SetCursorPos") && Real<bool(int, int)>("_ZN3qen8platform12SetCursorPosEii")(x, y);
 }
 
-bool ScreenToClient(WindowHandle /*window*/, POINT* point) {
-  if (Fails("ScreenToClient")) return false;
-  *point = {point->x - Window().origin.x, point->y - Window().origin.y};
-  return true;
+bool ScreenToClient(WindowHandle window, POINT* point) {
+  constexpr const char* kName = "_ZN3qen8platform14ScreenToClientEPvPNS0_5POINTE";
+  return !Fails("ScreenToClient") && Real<bool(WindowHandle, POINT*)>(kName)(window, point);
 }
 
-bool ClientToScreen(WindowHandle /*window*/, POINT* point) {
-  if (Fails("ClientToScreen")) return false;
-  *point = {point->x + Window().origin.x, point->y + Window().origin.y};
-  return true;
+bool ClientToScreen(WindowHandle window, POINT* point) {
+  constexpr const char* kName = "_ZN3qen8platform14ClientToScreenEPvPNS0_5POINTE";
+  return !Fails("ClientToScreen") && Real<bool(WindowHandle, POINT*)>(kName)(window, point);
 }
 
-bool GetClientRect(WindowHandle /*window*/, RECT* rect) {
-  if (Fails("GetClientRect")) return false;
-  *rect = {0, 0, Window().size.x, Window().size.y};
-  return true;
+bool GetClientRect(WindowHandle window, RECT* rect) {
+  constexpr const char* kName = "_ZN3qen8platform13GetClientRectEPvPNS0_4RECTE";
+  return !Fails("GetClientRect") && Real<bool(WindowHandle, RECT*)>(kName)(window, rect);
 }
 
 // Nothing is written: what becomes of files on failing disks is tested by itself.

@@ -15,19 +15,17 @@
 namespace qen::test::failing {
 
 // What GetInstance gave last.
-struct PlacedInstance final : InstanceObject {
-  explicit PlacedInstance(FaultPlan& faults) : plan(faults) {}
+struct PlacedInstance final : Faulty<InstanceObject> {
+  using Faulty::Faulty;
   void Disable(bool disabled) override { real->Disable(disabled); }
   void GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) override {
     real->GetLOD(level, instance, distance);
     if (plan.Fails("InstanceObject::GetLOD")) instance = nullptr;
   }
-  FaultPlan& plan;
-  InstanceObject* real = nullptr;
 };
 
-struct Scenes final : ISceneMng {
-  explicit Scenes(FaultPlan& faults) : plan(faults) {}
+struct Scenes final : Faulty<ISceneMng> {
+  using Faulty::Faulty;
   bool CreateScene(const String& scene, bool enabled) override {
     if (plan.Fails("ISceneMng::CreateScene") || !real->CreateScene(scene, enabled)) return false;
     open.insert(scene);
@@ -68,16 +66,14 @@ struct Scenes final : ISceneMng {
     placed.real = real->GetInstance(id);
     return plan.Fails("ISceneMng::GetInstance") || placed.real == nullptr ? nullptr : &placed;
   }
-  FaultPlan& plan;
-  ISceneMng* real = nullptr;
   PlacedInstance placed{plan};
   std::set<String> open;
   std::set<String> registered;
   std::map<std::int32_t, String> instances;  // and their scenes
 };
 
-struct Sounds final : ISound {
-  explicit Sounds(FaultPlan& faults) : plan(faults) {}
+struct Sounds final : Faulty<ISound> {
+  using Faulty::Faulty;
   SoundHandle CreateSound(const Char* file, const SoundDesc& desc, std::int32_t kind) override {
     const SoundHandle sound = plan.Fails("ISound::CreateSound") ? 0 : real->CreateSound(file, desc, kind);
     if (sound != 0) made.insert(sound);
@@ -88,26 +84,22 @@ struct Sounds final : ISound {
     made.erase(sound);
     real->ReleaseSound(sound);
   }
-  FaultPlan& plan;
-  ISound* real = nullptr;
   std::set<SoundHandle> made;
 };
 
 // Counts what a manager gives out and gets back.
 template <class Manager>
-struct Counted : Manager {
-  explicit Counted(FaultPlan& faults) : plan(faults) {}
+struct Counted : Faulty<Manager> {
+  using Faulty<Manager>::Faulty;
   void Destroy(Resource* resource) override {
     if (const auto found = used.find(resource); found != used.end()) used.erase(found);
-    real->Destroy(resource);
+    this->real->Destroy(resource);
   }
   template <class T>
   T* Give(T* resource) {
     if (resource != nullptr) used.insert(resource);
     return resource;
   }
-  FaultPlan& plan;
-  Manager* real = nullptr;
   std::multiset<const Resource*> used;
 };
 

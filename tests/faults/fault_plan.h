@@ -25,4 +25,13 @@ class FaultPlan {
   std::size_t struck_;
 };
 
+// What passes calls on to `real`, but for those that are to fail.
+template <class Interface>
+struct Faulty : Interface {
+  explicit Faulty(FaultPlan& faults) : plan(faults) {}
+
+  FaultPlan& plan;
+  Interface* real = nullptr;
+};
+
 }  // namespace qen::test

@@ -1,16 +1,9 @@
 #include "tests/faults/sample_tour.h"
 
-#include "engine/bag_entry.h"
-#include "engine/gui_page_object.h"
+#include "tests/module/bag_fixture.h"
 
 namespace qen::test {
 namespace {
-
-class Entry final : public IBagEntry {
- public:
-  std::uint32_t GetColor() override { return 0x8040FF; }
-  Texture* GetTexture() override { return nullptr; }
-};
 
 // Rests on each widget of the page, turns the wheel over it and types; clicks what does not lead away.
 void UseWidgets(SampleGui& sample, std::uint32_t page) {
@@ -32,7 +25,7 @@ void Click(SampleGui& sample, StringView page, StringView widget) {
 }
 
 void TurnTheBag(SampleGui& sample) {
-  static Entry entry;
+  static Entry entry(0x8040FF);
   const std::int32_t page = sample.gui->FindPage(u"inventory.glb");
   ICGUIPageObject* bag = sample.gui->GetPage(static_cast<std::uint32_t>(page));
   if (bag == nullptr) return;
@@ -80,19 +73,19 @@ void PlayTour(SampleGui& sample) {
   SaveAll(sample);
 }
 
-std::string Describe(SampleGui& sample) {
+std::vector<std::string> Describe(SampleGui& sample) {
   IGui& gui = *sample.gui;
   for (int i = 0; i < 2; ++i) sample.MoveTo({-1000, -1000});  // the call that fails may be among these
-  std::string lines = std::to_string(gui.GetTexts().size()) + " texts\n";
+  std::vector<std::string> lines{std::to_string(gui.GetTexts().size()) + " texts"};
   for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
     const ICGUIPageObject& page = *gui.GetPage(i);
     const bool settled = sample.Show(i);
     sample.Draw();
-    lines += Narrow(page.baseName) + ": " + std::to_string(page.items.size()) + " widgets " +
-             std::to_string(page.anims.size()) + " animations " +
-             std::to_string(sample.engine.render.frame.items.size()) + " drawn";
-    lines += std::string(settled ? " settled" : " restless") + ", active" + List(gui.GetActivePages()) + ", drawn" +
-             List(gui.GetRenderPages()) + '\n';
+    lines.push_back(Narrow(page.baseName) + ": " + std::to_string(page.items.size()) + " widgets " +
+                    std::to_string(page.anims.size()) + " animations " +
+                    std::to_string(sample.engine.render.frame.items.size()) + " drawn" +
+                    (settled ? " settled" : " restless") + ", active" + List(gui.GetActivePages()) + ", drawn" +
+                    List(gui.GetRenderPages()));
   }
   return lines;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/sample/sample_gui.h"
 
@@ -11,7 +12,7 @@ namespace qen::test {
 // missing.
 void PlayTour(SampleGui& sample);
 
-// What the loaded sample is and shows, page by page, as lines that can be compared.
-std::string Describe(SampleGui& sample);
+// What the loaded sample is and shows, a line for its texts and one for each page.
+std::vector<std::string> Describe(SampleGui& sample);
 
 }  // namespace qen::test

@@ -29,6 +29,7 @@ TEST_F(Saving, MakesTheFoldersOnTheWay) {
   EXPECT_EQ(FilesIn(folder), std::vector<std::string>{"data"});
   EXPECT_EQ(FilesIn(folder / "data/pages"), (std::vector<std::string>{"Menü 雪.txt", "bak"}));
   EXPECT_EQ(FilesIn(folder / "data/pages/bak"), std::vector<std::string>{"MENÜ 雪.TXT0"});
+  EXPECT_TRUE(IsPage(u8"data/pages/bak/MENÜ 雪.TXT0"));
 }
 
 TEST_F(Saving, LeavesFilesThatLookLikeItsOwnAlone) {

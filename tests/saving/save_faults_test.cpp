@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <array>
 #include <functional>
 
 #include "base/call_record.h"
@@ -121,7 +122,6 @@ class SaveFaults : public SavingTest, public ::testing::WithParamInterface<Saved
 TEST_P(SaveFaults, ACallThatFailsLosesNothing) {
   LearnContents();
   CountCalls();
-  fs::permissions(File(), fs::perms::owner_read | fs::perms::owner_write);
   for (std::size_t call = 1; call <= calls_; ++call) {
     SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls_));
     BeginAnew();
@@ -157,22 +157,10 @@ TEST_P(SaveFaults, AProcessKilledAtAnyCallLosesNothing) {
   }
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Saved>& saved) {
-  switch (saved.param) {
-    case Saved::Page:
-      return "Page";
-    case Saved::Bag:
-      return "Bag";
-    case Saved::Style:
-      return "Style";
-    case Saved::Language:
-      return "Language";
-  }
-  return {};
-}
+constexpr std::array<const char*, 4> kNames{"Page", "Bag", "Style", "Language"};
 
 INSTANTIATE_TEST_SUITE_P(Every, SaveFaults, ::testing::Values(Saved::Page, Saved::Bag, Saved::Style, Saved::Language),
-                         NameOf);
+                         [](const auto& tested) { return kNames.at(static_cast<std::size_t>(tested.param)); });
 
 }  // namespace
 }  // namespace qen::test

@@ -47,7 +47,7 @@ class Soak : public ::testing::Test {
     sample.Load();
   }
 
-  std::uint32_t Below(std::uint32_t end) { return static_cast<std::uint32_t>(random() % end); }
+  std::uint32_t Below(std::size_t end) { return static_cast<std::uint32_t>(random() % end); }
   bool OneIn(std::uint32_t times) { return Below(times) == 0; }
 
   std::uint32_t AnyPage() { return Below(sample.gui->GetPageCount()); }
@@ -55,14 +55,9 @@ class Soak : public ::testing::Test {
   // A widget of an active page, or of any.
   ICGUIObject* AnyWidget() {
     const auto& active = sample.gui->GetActivePages();
-    const std::uint32_t page = active.empty() || OneIn(20) ? AnyPage() : active[Below(Size(active))];
+    const std::uint32_t page = active.empty() || OneIn(20) ? AnyPage() : active[Below(active.size())];
     const auto items = sample.gui->GetPageItems(page);
-    return items.empty() ? nullptr : items[Below(Size(items))];
-  }
-
-  template <class T>
-  static std::uint32_t Size(const std::vector<T>& entries) {
-    return static_cast<std::uint32_t>(entries.size());
+    return items.empty() ? nullptr : items[Below(items.size())];
   }
 
   void SendAny() {
@@ -114,50 +109,34 @@ class Soak : public ::testing::Test {
   void Draw() { sample.Draw(); }
 
   void CallTheGui() {
-    IGui& gui = *sample.gui;
-    switch (Below(12)) {
-      case 0:
-        return gui.SetPage(AnyPage());
-      case 1:
-        return static_cast<void>(gui.AddRenderPage(AnyPage()));
-      case 2:
-        return static_cast<void>(gui.RemRenderPage(AnyPage()));
-      case 3:
-        return gui.AddActivePage(AnyPage());
-      case 4:
-        return gui.RemActivePage(AnyPage());
-      case 5:
-        return static_cast<void>(gui.SetQuiet(OneIn(2) ? 1 : 0));
-      case 6:
-        return static_cast<void>(gui.FocusNext());
-      case 7:
-        return static_cast<void>(gui.FocusPrev());
-      case 8:
-        return gui.SetLanguage(OneIn(2) ? u"german" : u"arabic");
-      case 9:
-        return gui.ClearUndo();
-      case 10:
-        return gui.Reset();
-      default:
-        gui.GetPage(AnyPage())->StopAnims();
-    }
+    constexpr std::array<void (*)(Soak&, IGui&), 12> kCalls{{
+        [](Soak& soak, IGui& gui) { gui.SetPage(soak.AnyPage()); },
+        [](Soak& soak, IGui& gui) { gui.AddRenderPage(soak.AnyPage()); },
+        [](Soak& soak, IGui& gui) { gui.RemRenderPage(soak.AnyPage()); },
+        [](Soak& soak, IGui& gui) { gui.AddActivePage(soak.AnyPage()); },
+        [](Soak& soak, IGui& gui) { gui.RemActivePage(soak.AnyPage()); },
+        [](Soak& soak, IGui& gui) { gui.SetQuiet(soak.OneIn(2) ? 1 : 0); },
+        [](Soak&, IGui& gui) { gui.FocusNext(); },
+        [](Soak&, IGui& gui) { gui.FocusPrev(); },
+        [](Soak& soak, IGui& gui) { gui.SetLanguage(soak.OneIn(2) ? u"german" : u"arabic"); },
+        [](Soak&, IGui& gui) { gui.ClearUndo(); },
+        [](Soak&, IGui& gui) { gui.Reset(); },
+        [](Soak& soak, IGui& gui) { gui.GetPage(soak.AnyPage())->StopAnims(); },
+    }};
+    kCalls[Below(kCalls.size())](*this, *sample.gui);
   }
 
   void ChangeWidget() {
     ICGUIObject* widget = AnyWidget();
     if (widget == nullptr) return;
     if (auto* list = dynamic_cast<ICGUIList*>(widget)) return ChangeList(*list);
-    switch (Below(4)) {
-      case 0:
-        return widget->SetVisible(Below(2));
-      case 1:
-        return widget->SetDisabled(Below(2));
-      case 2:
-        widget->info->position = static_cast<std::int32_t>(random());
-        return;
-      default:
-        widget->SetShowBox(Below(2));
-    }
+    constexpr std::array<void (*)(Soak&, ICGUIObject&), 4> kChanges{{
+        [](Soak& soak, ICGUIObject& changed) { changed.SetVisible(soak.Below(2)); },
+        [](Soak& soak, ICGUIObject& changed) { changed.SetDisabled(soak.Below(2)); },
+        [](Soak& soak, ICGUIObject& changed) { changed.info->position = static_cast<std::int32_t>(soak.random()); },
+        [](Soak& soak, ICGUIObject& changed) { changed.SetShowBox(soak.Below(2)); },
+    }};
+    kChanges[Below(kChanges.size())](*this, *widget);
   }
 
   void ChangeList(ICGUIList& list) {

@@ -35,14 +35,6 @@ TEST_F(WindowsFiles, TakesANameWithADriveAsItIs) {
   ExpectRefused(u"Q:\\menu.txt", u"Q:\\menu.txt");
 }
 
-TEST_F(WindowsFiles, FindsFilesInAnyLetterCase) {
-  Write(u8"Lang/W\u00D6RTER.txt", "mine");
-  ASSERT_TRUE(gui->SavePage(u"LANG/w\u00F6rter.TXT", 0));
-  EXPECT_TRUE(IsPage(u8"Lang/W\u00D6RTER.txt"));
-  EXPECT_EQ(FilesIn(folder / "lang").size(), 2U) << "the file and bak";
-  EXPECT_EQ(BytesOf(folder / u8"Lang/bak/w\u00F6rter.TXT0"), "mine");
-}
-
 // The C++ library, which removes the other files of these tests, cannot.
 void RemoveLong(const String& file) {
   const std::size_t end = file.rfind(u'\\');
