@@ -111,7 +111,7 @@ std::vector<ICGUIObject*> Stage::Widgets() const {
 }
 
 void Stage::MakeSavedReadable() {
-  const std::string bytes = test::BytesOf(data_.path / base::ToUtf8(kSavedFile));
+  const std::string bytes = test::BytesOf(data_.Path() / base::ToUtf8(kSavedFile));
   engine.files.Add(kSavedFile, {bytes.begin(), bytes.end()});
 }
 

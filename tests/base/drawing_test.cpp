@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "base/recording/recording_engine.h"
 #include "base/utf.h"
 #include "engine/font.h"
@@ -21,16 +19,6 @@ constexpr std::uint32_t kWrap = DT_WORDBREAK | DT_EXPANDTABS;
 class DrawingTest : public testing::Test {
  protected:
   DrawingTest() { drawing.SetFont(font); }
-
-  // The characters' quads in the last frame: the column and the row of their left top corners in cells.
-  [[nodiscard]] std::map<std::pair<float, float>, int> Cells2D() const {
-    std::map<std::pair<float, float>, int> cells;
-    const auto& vertices = engine.render.frame.vertices;
-    for (std::size_t i = 0; i < vertices.size(); i += 6) {
-      ++cells[{vertices[i].position.x / 10.0F, vertices[i].position.y / 20.0F}];
-    }
-    return cells;
-  }
 
   // What a text looks like wrapped at `columns` characters, a line of marks for each line: "##.#" where blanks are
   // dots.
@@ -52,6 +40,16 @@ class DrawingTest : public testing::Test {
     return lines;
   }
 
+  // The corners of a text drawn in this window.
+  const std::vector<DrawVertex>& Draw3D(const Rect& window, const Char* text, std::uint32_t flags = 0,
+                                        float scale = 1.0F) {
+    engine.Draw([&] {
+      drawing.BeginText3D(scale);
+      drawing.DrawText3D(Matrix4x4::Identity, window, flags, Color(1), text);
+    });
+    return engine.render.frame.vertices;
+  }
+
   Rect Measured(std::uint32_t flags, std::int16_t width, const Char* text) {
     return drawing.GetTextRect({0, 0, width, 0}, flags, u"%s", text);
   }
@@ -60,13 +58,6 @@ class DrawingTest : public testing::Test {
   Font* font = FontManager::GetSingleton()->CreateEx(u"Test", -20, 0, 400, false, 1, kDefaultGroup);
   Drawing drawing;
 };
-
-void ExpectRect(const Rect& rect, int left, int top, int right, int bottom) {
-  EXPECT_EQ(rect.left, left);
-  EXPECT_EQ(rect.top, top);
-  EXPECT_EQ(rect.right, right);
-  EXPECT_EQ(rect.bottom, bottom);
-}
 
 using Lines = std::vector<std::string>;
 
@@ -106,22 +97,22 @@ TEST_F(DrawingTest, BreaksLines) {
 
 TEST_F(DrawingTest, Measures) {
   drawing.BeginText2D();
-  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 40, 20);
-  ExpectRect(Measured(0, 0, u"ab \nc"), 0, 0, 30, 40);
-  ExpectRect(Measured(0, 0, u""), 0, 0, 0, 20);
-  ExpectRect(Measured(DT_SINGLELINE, 0, u"ab\nc"), 0, 0, 40, 20);
-  ExpectRect(Measured(kWrap, 30, u"abc def ghi"), 0, 0, 30, 60);
-  ExpectRect(drawing.GetTextRect({5, -7, 100, 0}, 0, u"%d", 42), 5, -7, 25, 13);
+  EXPECT_EQ(Measured(0, 0, u"abcd"), (Rect{0, 0, 40, 20}));
+  EXPECT_EQ(Measured(0, 0, u"ab \nc"), (Rect{0, 0, 30, 40}));
+  EXPECT_EQ(Measured(0, 0, u""), (Rect{0, 0, 0, 20}));
+  EXPECT_EQ(Measured(DT_SINGLELINE, 0, u"ab\nc"), (Rect{0, 0, 40, 20}));
+  EXPECT_EQ(Measured(kWrap, 30, u"abc def ghi"), (Rect{0, 0, 30, 60}));
+  EXPECT_EQ(drawing.GetTextRect({5, -7, 100, 0}, 0, u"%d", 42), (Rect{5, -7, 25, 13}));
   drawing.BeginText3D(0.14F);
   // 30 x 0.14 x 38 = 159.6; 60 x 0.14 x 38 = 319.2, and a line less one: 106.4 - 1
-  ExpectRect(Measured(kWrap, 5, u"abc def ghi"), 0, 0, 160, 425);
+  EXPECT_EQ(Measured(kWrap, 5, u"abc def ghi"), (Rect{0, 0, 160, 425}));
   drawing.BeginText3D(1.0F);
-  ExpectRect(Measured(0, 0, String(100, u'x').c_str()), 0, 0, 32767, 2 * 760 - 1);
+  EXPECT_EQ(Measured(0, 0, String(100, u'x').c_str()), (Rect{0, 0, 32767, 2 * 760 - 1}));
   drawing.EndText();
-  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 0, 0);
+  EXPECT_EQ(Measured(0, 0, u"abcd"), (Rect{0, 0, 0, 0}));
   drawing.SetFont(nullptr);
   drawing.BeginText2D();
-  ExpectRect(Measured(0, 0, u"abcd"), 0, 0, 0, 0);
+  EXPECT_EQ(Measured(0, 0, u"abcd"), (Rect{0, 0, 0, 0}));
 }
 
 TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
@@ -131,14 +122,17 @@ TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
     drawing.EndText();
     drawing.DrawText2D(0, 0, Color(0), u"outside of begin and end");
   });
-  EXPECT_EQ(Cells2D(), (std::map<std::pair<float, float>, int>{{{10, 2}, 1}, {{12, 2}, 1}, {{10, 3}, 1}}));
   ASSERT_EQ(engine.render.frame.items.size(), 1U) << "one item for one texture";
   const DrawItem& item = engine.render.frame.items[0];
   EXPECT_EQ(item.kind, DrawKind::Triangles2D);
   EXPECT_EQ(item.textureUse, TextureUse::Coverage);
   EXPECT_EQ(item.texture, kBitmapTexture);
   EXPECT_EQ(item.vertexCount, 18U);
-  EXPECT_EQ(engine.render.frame.vertices[0].argb, 0x80FF0000U);
+  const auto& v = engine.render.frame.vertices;
+  EXPECT_EQ(v[0].position, (Vec3{100, 40, 0}));
+  EXPECT_EQ(v[6].position, (Vec3{120, 40, 0}));
+  EXPECT_EQ(v[12].position, (Vec3{100, 60, 0}));
+  EXPECT_EQ(v[0].argb, 0x80FF0000U);
 }
 
 TEST_F(DrawingTest, Text3DStandsOnItsMatrix) {
@@ -166,11 +160,7 @@ TEST_F(DrawingTest, Text3DStandsOnItsMatrix) {
 
 TEST_F(DrawingTest, LinesBeginAtTheSideTheyAreReadFrom) {
   const auto left = [&](const Char* text, std::uint32_t flags) {
-    engine.Draw([&] {
-      drawing.BeginText3D(1.0F);
-      drawing.DrawText3D(Matrix4x4::Identity, 100.0F, 100.0F, flags, Color(1), text);
-    });
-    return engine.render.frame.vertices.at(0).position.x;
+    return Draw3D({0, 0, 100, 100}, text, flags).at(0).position.x;
   };
   EXPECT_EQ(left(u"ab", 0), 0.0F);
   EXPECT_EQ(left(u"\u0627\u0628", 0), 80.0F);
@@ -180,11 +170,7 @@ TEST_F(DrawingTest, LinesBeginAtTheSideTheyAreReadFrom) {
 
 TEST_F(DrawingTest, AWindowThatBeginsJustAboveALineBeginsWithIt) {
   const auto top = [&](std::int16_t from) {
-    engine.Draw([&] {
-      drawing.BeginText3D(0.14F);  // lines of 2.8
-      drawing.DrawText3D(Matrix4x4::Identity, Rect{0, from, 100, 20}, 0, Color(1), u"a\nb\nc\nd");
-    });
-    return engine.render.frame.vertices.at(0).position.z;
+    return Draw3D({0, from, 100, 20}, u"a\nb\nc\nd", 0, 0.14F).at(0).position.z;  // lines of 2.8
   };
   EXPECT_NEAR(top(0), 2.8F, 1e-4F);
   EXPECT_NEAR(top(2), 0.0F, 1e-4F) << "2.8 cut down: the second line";
@@ -193,11 +179,7 @@ TEST_F(DrawingTest, AWindowThatBeginsJustAboveALineBeginsWithIt) {
 }
 
 TEST_F(DrawingTest, TheWindowCutsGlyphs) {
-  engine.Draw([&] {
-    drawing.BeginText3D(1.0F);
-    drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 25, 100, 65}, 0, Color(1), u"a\nb\nc\nd\ne");
-  });
-  const auto& v = engine.render.frame.vertices;
+  const auto& v = Draw3D({0, 25, 100, 65}, u"a\nb\nc\nd\ne");
   ASSERT_EQ(v.size(), 18U) << "of five lines, b to d are in sight";
   EXPECT_EQ(v[0].position, (Vec3{0, 0, -5}));  // 25 below the first cell's top
   EXPECT_EQ(v[0].v, 0.25F);
@@ -207,12 +189,8 @@ TEST_F(DrawingTest, TheWindowCutsGlyphs) {
   EXPECT_EQ(v[16].position, (Vec3{10, 0, -45}));  // 65 below
   EXPECT_EQ(v[16].v, 0.25F);
 
-  engine.Draw([&] {
-    drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 25, 100, 65}, DT_NOCLIP, Color(1), u"a\nb\nc\nd");
-  });
-  EXPECT_EQ(engine.render.frame.vertices.size(), 24U);
-  engine.Draw([&] { drawing.DrawText3D(Matrix4x4::Identity, Rect{0, 60, 100, 20}, 0, Color(1), u"a\nb\nc\nd"); });
-  EXPECT_TRUE(engine.render.frame.vertices.empty()) << "a window turned over shows nothing";
+  EXPECT_EQ(Draw3D({0, 25, 100, 65}, u"a\nb\nc\nd", DT_NOCLIP).size(), 24U);
+  EXPECT_TRUE(Draw3D({0, 60, 100, 20}, u"a\nb\nc\nd").empty()) << "a window turned over shows nothing";
 }
 
 TEST_F(DrawingTest, KnownTextsAreNotShapedAgain) {

@@ -1,51 +1,32 @@
 #include "engine/platform.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
 
 #include "base/utf.h"
+#include "tests/temporary_folder.h"
 
 namespace qen::platform {
 namespace {
 
-namespace fs = std::filesystem;
-
 class PlatformTest : public testing::Test {
  protected:
-  PlatformTest() {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-  }
-  ~PlatformTest() override { fs::remove_all(folder); }
+  [[nodiscard]] String Path(const Char* name) const { return base::ToUtf16(folder.Path().string()) + u'/' + name; }
 
-  [[nodiscard]] String Path(const Char* name) const { return base::ToUtf16(folder.string()) + u'/' + name; }
-
-  void Write(const char* name, const std::string& text) const { std::ofstream(folder / name) << text; }
-
-  [[nodiscard]] std::string Read(const fs::path& name) const {
-    std::ifstream file(folder / name);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  fs::path folder = fs::path(testing::TempDir()) / ("gui_platform_" + std::to_string(getpid()));
+  TemporaryFolder folder;
 };
 
 TEST_F(PlatformTest, CopiesWholeFiles) {
-  Write("a.txt", "new");
-  Write("b.txt", "old and longer");
+  folder.Write("a.txt", "new");
+  folder.Write("b.txt", "old and longer");
   EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), true));
-  EXPECT_EQ(Read("b.txt"), "old and longer");
+  EXPECT_EQ(folder.Read("b.txt"), "old and longer");
   EXPECT_TRUE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), false));
-  EXPECT_EQ(Read("b.txt"), "new");
+  EXPECT_EQ(folder.Read("b.txt"), "new");
   EXPECT_FALSE(CopyFileW(Path(u"none.txt").c_str(), Path(u"b.txt").c_str(), false));
-  EXPECT_EQ(Read("b.txt"), "new") << "a copy that fails leaves what was there";
+  EXPECT_EQ(folder.Read("b.txt"), "new") << "a copy that fails leaves what was there";
   EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"nowhere/b.txt").c_str(), false));
   EXPECT_FALSE(CopyFileW(nullptr, nullptr, false));
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2) << "nothing is left lying about";
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2) << "nothing is left lying about";
 }
 
 TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
@@ -59,7 +40,7 @@ TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
   ASSERT_NE(file, nullptr) << "folders that exist in another letter case are those";
   std::fputs("text", file);
   std::fclose(file);
-  EXPECT_EQ(Read(u8"Men\u00FCs/Main.txt"), "text");
+  EXPECT_EQ(folder.Read(u8"Men\u00FCs/Main.txt"), "text");
   file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
   ASSERT_NE(file, nullptr);
   std::fclose(file);

@@ -30,11 +30,22 @@ Quaternion QuarterTurn(const Vec3& axis) {
   return {axis.x * s, axis.y * s, axis.z * s, s};
 }
 
+void Play(AnimCtrl& control, std::int32_t index, bool reverse = false, bool loop = false, float start = 0.0F,
+          float speed = 1.0F, bool restart = true) {
+  control.PlayAnimation(index, reverse, 30, restart, start, speed, 3, loop, false, -1, false, false, false, false,
+                        false, true);
+}
+
 class SceneTest : public testing::Test {
  protected:
-  SimpleSceneInstance* Place(SimpleScene& scene, const InstanceDesc& desc = {}) {
+  void Load() {
+    engine.AddScene(u"s", data);
+    ASSERT_TRUE(scene->Load(u"s", true));
+  }
+
+  SimpleSceneInstance* Place(const InstanceDesc& desc = {}) {
     System::sceneMng->CreateScene(u"world", true);
-    System::sceneMng->AddSimpleScene(u"page", &scene);
+    System::sceneMng->AddSimpleScene(u"page", scene.get());
     id = System::sceneMng->CreateInstance(u"world", u"page", Matrix4x4::Identity, desc, {});
     return At(id);
   }
@@ -46,30 +57,25 @@ class SceneTest : public testing::Test {
     return placed;
   }
 
-  static void Play(SimpleSceneInstance& placed, std::int32_t index, bool loop = false) {
-    placed.animCtrl->PlayAnimation(index, false, 30, true, 0, 1, 3, loop, false, -1, false, false, false, false, false,
-                                   true);
-  }
-
   RecordingEngine engine;
+  SceneData data;
+  std::unique_ptr<SimpleScene> scene = std::make_unique<SimpleScene>("test", 1);
   std::int32_t id = -1;
 };
 
 TEST_F(SceneTest, ConvertsSpaces) {
-  SceneData data;
   const std::int32_t root = AddNode(data, u"root", -1, {10, 20, 30});
   data.nodes.back().pose.rotation = QuarterTurn({0, 1, 0});  // glTF's z turns to x
   AddBox(data, u"face", root, {0, 0, 5}, {4, 3, 1});
   data.nodes.back().pose.scale = {2, 2, 2};
   engine.AddScene(u"Menus\\Main.glb", data);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"menus/main.GLB", true));
-  ASSERT_EQ(scene.GetNumNodesInRefFile(), 2U);
+  ASSERT_TRUE(scene->Load(u"menus/main.GLB", true));
+  ASSERT_EQ(scene->GetNumNodesInRefFile(), 2U);
 
-  const TMNode& face = *scene.GetNodes()[1];
+  const TMNode& face = *scene->GetNodes()[1];
   EXPECT_EQ(face.parent, 0U);
-  EXPECT_EQ(scene.FindMapNode(u"face"), &face);
-  EXPECT_EQ(scene.FindMapNode(u"Face"), nullptr);
+  EXPECT_EQ(scene->FindMapNode(u"face"), &face);
+  EXPECT_EQ(scene->FindMapNode(u"Face"), nullptr);
   // The node's origin is at (10 + 5, 20, 30) in the file, behind which z is turned round.
   ExpectNear(face.transform.GetTranslation(), {15, 20, -30});
   // Local x is the file's x before the turn, which leads to the file's -z, the world's z; twice as long by the scale.
@@ -86,7 +92,6 @@ TEST_F(SceneTest, ConvertsSpaces) {
 }
 
 TEST_F(SceneTest, CamerasAndBrokenData) {
-  SceneData data;
   AddCamera(data, u"Camera01", 0.8F, 2.0F, 500.0F);
   AddBox(data, u"twin", 7, {1, 0, 0}, {1, 1, 1});  // a parent that does not exist yet
   constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -96,32 +101,28 @@ TEST_F(SceneTest, CamerasAndBrokenData) {
   data.meshes.back().front().indices[0] = 99;
   AddNode(data, u"no mesh");
   data.nodes.back().mesh = 50;
-  engine.AddScene(u"s", data);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
+  Load();
 
-  const float* camera = scene.FindMapNode(u"Camera01")->cameraParameters;
+  const float* camera = scene->FindMapNode(u"Camera01")->cameraParameters;
   ASSERT_NE(camera, nullptr);
   EXPECT_FLOAT_EQ(camera[1], 1.04F);
   EXPECT_EQ(camera[2], 2.0F);
   EXPECT_EQ(camera[3], 500.0F);
-  const TMNode* twin = scene.FindMapNode(u"twin");
-  EXPECT_EQ(twin, scene.GetNodes()[1]) << "the first of that name";
+  const TMNode* twin = scene->FindMapNode(u"twin");
+  EXPECT_EQ(twin, scene->GetNodes()[1]) << "the first of that name";
   EXPECT_EQ(twin->parent, TMNode::kNoParent);
   EXPECT_EQ(twin->cameraParameters, nullptr);
   EXPECT_EQ(twin->mesh->box.halfSize, (Vec3{1, 1, 1})) << "without the vertex that is nowhere";
-  EXPECT_EQ(scene.GetNodes()[2]->mesh->GetSubMesh(0)->geometry, 0U) << "its indices lead outside";
-  EXPECT_EQ(scene.GetNodes()[3]->mesh, nullptr);
+  EXPECT_EQ(scene->GetNodes()[2]->mesh->GetSubMesh(0)->geometry, 0U) << "its indices lead outside";
+  EXPECT_EQ(scene->GetNodes()[3]->mesh, nullptr);
 }
 
 TEST_F(SceneTest, RendererObjectsLiveAsLongAsTheScene) {
-  SceneData data;
   AddBox(data, u"a", -1, {}, {1, 1, 1});
   AddPicture(data);
   AddNode(data, u"b");
   data.nodes.back().mesh = 0;
   engine.AddScene(u"s", data);
-  auto scene = std::make_unique<SimpleScene>("test", 1);
   for (int i = 0; i < 2; ++i) {
     ASSERT_TRUE(scene->Load(u"s", true));
     EXPECT_EQ(engine.render.geometries.size(), 1U) << "shared by the nodes";
@@ -133,7 +134,7 @@ TEST_F(SceneTest, RendererObjectsLiveAsLongAsTheScene) {
   a.RemoveTexture(TEXTURE_SLOT_1);
   EXPECT_NE(b.GetTexture(TEXTURE_SLOT_1), nullptr) << "each node has its own materials";
 
-  SimpleSceneInstance* placed = Place(*scene);
+  SimpleSceneInstance* placed = Place();
   engine.Draw([&] {
     placed->Render(&engine.viewport, 2, {});
     System::render->Submit({});
@@ -147,29 +148,25 @@ TEST_F(SceneTest, RendererObjectsLiveAsLongAsTheScene) {
 
 TEST_F(SceneTest, FilesThatCannotBeLoadedAreNamedOnce) {
   engine.files.AddText(u"broken.glb", u"bad");
-  SimpleScene scene("test", 1);
   for (int i = 0; i < 3; ++i) {
-    EXPECT_FALSE(scene.Load(u"missing.glb", true));
-    EXPECT_FALSE(scene.Load(u"broken.glb", true));
-    EXPECT_FALSE(scene.LoadAnimData(u"walk.glb", SimpleScene::kNextAnimation));
+    EXPECT_FALSE(scene->Load(u"missing.glb", true));
+    EXPECT_FALSE(scene->Load(u"broken.glb", true));
+    EXPECT_FALSE(scene->LoadAnimData(u"walk.glb", SimpleScene::kNextAnimation));
   }
   EXPECT_EQ(engine.errors,
             (std::vector<String>{u"Can't load scene missing.glb", u"Can't load scene broken.glb: unknown format",
                                  u"Can't load animation walk.glb"}));
-  EXPECT_TRUE(scene.GetNodes().empty());
+  EXPECT_TRUE(scene->GetNodes().empty());
 }
 
 TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
-  SceneData data;
   const std::int32_t arm = AddNode(data, u"arm");
   AddBox(data, u"hand", arm, {1, 0, 0}, {1, 1, 1});
   AddBox(data, u"fixed", -1, {9, 0, 0}, {1, 1, 1});
-  engine.AddScene(u"s", data);
   engine.AddAnimation(u"up", MoveNode(u"arm", {0, 0, 0}, {0, 30, 0}, 1.0F));
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  ASSERT_TRUE(scene.LoadAnimData(u"up", SimpleScene::kNextAnimation));
-  SimpleSceneInstance* placed = Place(scene);
+  Load();
+  ASSERT_TRUE(scene->LoadAnimData(u"up", SimpleScene::kNextAnimation));
+  SimpleSceneInstance* placed = Place();
   ASSERT_NE(placed, nullptr);
   ASSERT_EQ(placed->nodeMatrices.size(), 3U);
   EXPECT_EQ(placed->entries.size(), 2U);
@@ -180,12 +177,12 @@ TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
   placed->nodeMatrices[2].SetTranslation({6, 6, 6});
   engine.Animate(1.0);
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{5, 5, 5})) << "nothing plays";
-  Play(*placed, 0);
+  Play(*placed->animCtrl, 0);
   engine.Animate(0.5);
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 15, 0}));
   EXPECT_EQ(placed->nodeMatrices[2].GetTranslation(), (Vec3{6, 6, 6}));
-  EXPECT_EQ(scene.GetNodes()[1]->transform.GetTranslation(), (Vec3{1, 15, 0}));
-  ExpectNear(scene.GetNodes()[1]->inverseTransform * Vec3{1, 15, 0}, {});
+  EXPECT_EQ(scene->GetNodes()[1]->transform.GetTranslation(), (Vec3{1, 15, 0}));
+  ExpectNear(scene->GetNodes()[1]->inverseTransform * Vec3{1, 15, 0}, {});
 
   System::sceneMng->GetInstance(id)->Disable(true);
   engine.Animate(0.25);
@@ -205,19 +202,16 @@ TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
 }
 
 TEST_F(SceneTest, AScenesFirstStateIsAsAsked) {
-  SceneData data;
   AddNode(data, u"a");
-  engine.AddScene(u"s", data);
   engine.AddAnimation(u"m", MoveNode(u"a", {}, {1, 0, 0}, 1.0F));
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  ASSERT_TRUE(scene.LoadAnimData(u"m", 0));
+  Load();
+  ASSERT_TRUE(scene->LoadAnimData(u"m", 0));
   System::sceneMng->CreateScene(u"world", false);
   InstanceDesc still;
   still.animates = false;
-  EXPECT_EQ(Place(scene, still)->animCtrl, nullptr);
-  SimpleSceneInstance* placed = Place(scene);
-  Play(*placed, 0);
+  EXPECT_EQ(Place(still)->animCtrl, nullptr);
+  SimpleSceneInstance* placed = Place();
+  Play(*placed->animCtrl, 0);
   engine.Animate(1.0);
   EXPECT_EQ(placed->nodeMatrices[0].GetTranslation(), Vec3());
   System::sceneMng->DisableScene(u"world", false);
@@ -226,7 +220,6 @@ TEST_F(SceneTest, AScenesFirstStateIsAsAsked) {
 }
 
 TEST_F(SceneTest, Interpolations) {
-  SceneData data;
   for (const Char* name : {u"step", u"cubic", u"turn", u"bad"}) AddNode(data, name);
   AnimationData animation;
   animation.seconds = 2.0F;
@@ -239,13 +232,11 @@ TEST_F(SceneTest, Interpolations) {
   turn.rotation = {{0, 2}, {{}, {-quarter.x, -quarter.y, -quarter.z, -quarter.w}}, Interpolation::Linear};
   NodeTracks bad{u"bad", {{0, 1, 2}, {{5, 0, 0}}, Interpolation::Linear}, {}, {{1, 0}, {{2, 2, 2}, {3, 3, 3}}}};
   animation.nodes = {step, cubic, turn, bad, {u"nobody", step.translation, {}, {}}};
-  engine.AddScene(u"s", data);
   engine.AddAnimation(u"a", animation);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  ASSERT_TRUE(scene.LoadAnimData(u"a", 3));
-  SimpleSceneInstance* placed = Place(scene);
-  Play(*placed, 3);
+  Load();
+  ASSERT_TRUE(scene->LoadAnimData(u"a", 3));
+  SimpleSceneInstance* placed = Place();
+  Play(*placed->animCtrl, 3);
   engine.Animate(0.5);
   EXPECT_EQ(placed->nodeMatrices[0].GetTranslation().x, 1.0F);
   EXPECT_NEAR(placed->nodeMatrices[1].GetTranslation().x, 1.25F, 1e-5F);
@@ -290,15 +281,12 @@ TEST_F(SceneTest, NamesAndIds) {
 }
 
 TEST_F(SceneTest, AnythingMayGoFirst) {
-  SceneData data;
   AddBox(data, u"a", -1, {}, {1, 1, 1});
-  engine.AddScene(u"s", data);
   engine.AddAnimation(u"m", MoveNode(u"a", {}, {1, 0, 0}, 1.0F));
-  auto scene = std::make_unique<SimpleScene>("test", 1);
-  ASSERT_TRUE(scene->Load(u"s", true));
-  SimpleSceneInstance* placed = Place(*scene);
+  Load();
+  SimpleSceneInstance* placed = Place();
   ASSERT_TRUE(scene->LoadAnimData(u"m", SimpleScene::kNextAnimation)) << "known to instances that are there already";
-  Play(*placed, 0, true);
+  Play(*placed->animCtrl, 0, false, true);
   Light light;
   System::sceneMng->AddLight(u"world", &light, {});
   EXPECT_EQ(placed->entries.at(0).lights->size(), 1U);
@@ -320,18 +308,15 @@ TEST_F(SceneTest, AnythingMayGoFirst) {
 }
 
 TEST_F(SceneTest, ADestroyedSceneLetsItsLightsGo) {
-  SceneData data;
   AddBox(data, u"a", -1, {}, {1, 1, 1});
-  engine.AddScene(u"s", data);
-  SimpleScene scene("test", 1);
-  ASSERT_TRUE(scene.Load(u"s", true));
-  SimpleSceneInstance* placed = Place(scene);
+  Load();
+  SimpleSceneInstance* placed = Place();
   Light ours, others;
   System::sceneMng->AddLight(u"world", &ours, {});
   engine.Draw([&] {
     placed->Render(&engine.viewport, 2, {&ours, &others});
     RenderEntry entry = placed->entries[0];
-    entry.subMesh = scene.GetNodes()[0]->mesh->GetSubMesh(0);
+    entry.subMesh = scene->GetNodes()[0]->mesh->GetSubMesh(0);
     System::render->Submit(entry);
     System::sceneMng->DestroyScene(u"world");
   });
@@ -359,11 +344,6 @@ TEST(Scene, MayOutliveTheEngine) {
 
 TEST(AnimCtrl, PlaysStopsAndLoops) {
   AnimCtrl control({30.0F, 0.0F, 60.0F});
-  const auto play = [&control](std::int32_t index, bool reverse, bool loop, float start = 0.0F, float speed = 1.0F,
-                               bool restart = true) {
-    control.PlayAnimation(index, reverse, 30, restart, start, speed, 3, loop, false, -1, false, false, false, false,
-                          false, true);
-  };
   const auto progress = [&control](std::int32_t index) {
     float value = -1.0F;
     control.GetAnimProgress(index, value);
@@ -371,7 +351,7 @@ TEST(AnimCtrl, PlaysStopsAndLoops) {
   };
 
   for (const std::int32_t unknown : {-1, 3, 1000}) {
-    play(unknown, false, false);
+    Play(control, unknown, false, false);
     control.SetNewFrame(unknown, 1.0F);
     control.StopAnimation(unknown, 0.0F);
     EXPECT_FALSE(control.IsPlaying(unknown));
@@ -380,7 +360,7 @@ TEST(AnimCtrl, PlaysStopsAndLoops) {
   EXPECT_TRUE(control.animations.empty());
   EXPECT_FALSE(control.Advance(1.0));
 
-  play(0, false, false);
+  Play(control, 0, false, false);
   EXPECT_TRUE(control.IsPlaying(0));
   EXPECT_EQ(progress(0), 0.0F);
   EXPECT_TRUE(control.Advance(0.0)) << "its first frame is a new pose";
@@ -392,25 +372,25 @@ TEST(AnimCtrl, PlaysStopsAndLoops) {
   EXPECT_FALSE(control.IsPlaying(0));
   EXPECT_FALSE(control.Advance(1.0)) << "finished";
 
-  play(0, true, false, 6.0F, 2.0F);
+  Play(control, 0, true, false, 6.0F, 2.0F);
   EXPECT_FLOAT_EQ(progress(0), 0.2F) << "reversed, it starts that far from its end";
   control.Advance(0.2);
   EXPECT_FLOAT_EQ(progress(0), 0.6F) << "twice as fast";
 
-  play(2, false, true);
+  Play(control, 2, false, true);
   control.Advance(5.0);
   EXPECT_TRUE(control.IsPlaying(2));
   EXPECT_FLOAT_EQ(progress(2), 0.5F);
-  play(2, false, true, 0.0F, 1.0F, false);
+  Play(control, 2, false, true, 0.0F, 1.0F, false);
   EXPECT_FLOAT_EQ(progress(2), 0.5F) << "not restarted";
-  play(2, true, true);
+  Play(control, 2, true, true);
   control.Advance(2.5);
   EXPECT_FLOAT_EQ(progress(2), 0.25F) << "backwards through the end";
   control.StopAnimation(2, 0.0F);
   EXPECT_FALSE(control.IsPlaying(2));
   EXPECT_FLOAT_EQ(progress(2), 0.25F) << "its pose stays";
 
-  play(1, false, true);
+  Play(control, 1, false, true);
   EXPECT_TRUE(control.Advance(1.0)) << "without length";
   EXPECT_TRUE(control.IsPlaying(1));
   control.SetNewFrame(2, 1000.0F);

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/host/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace qen::host {
 namespace {

@@ -28,10 +28,10 @@ class GltfAnimationsTest : public GltfTest {
 };
 
 TEST_F(GltfAnimationsTest, HaveTracksOfEveryPropertyAndInterpolation) {
-  const auto times = builder.AddFloats("SCALAR", {0.5F, 2.0F});
-  const auto moves = builder.AddFloats("VEC3", {1, 2, 3, 4, 5, 6});
-  const auto turns = builder.AddFloats("VEC4", {0, 0, 0, 1, 1, 0, 0, 0});
-  const auto sizes = builder.AddFloats("VEC3", {0, 0, 0, 1, 1, 1, 9, 9, 9, 8, 8, 8, 2, 2, 2, 0, 0, 0});
+  const auto times = builder.Add<float>("SCALAR", {0.5F, 2.0F});
+  const auto moves = builder.Add<float>("VEC3", {1, 2, 3, 4, 5, 6});
+  const auto turns = builder.Add<float>("VEC4", {0, 0, 0, 1, 1, 0, 0, 0});
+  const auto sizes = builder.Add<float>("VEC3", {0, 0, 0, 1, 1, 1, 9, 9, 9, 8, 8, 8, 2, 2, 2, 0, 0, 0});
   const auto data =
       Read(Animation(Sampler(times, moves, "STEP") + ',' + Sampler(times, turns, "LINEAR") + ',' +
                          Sampler(times, sizes, "CUBICSPLINE"),
@@ -53,10 +53,10 @@ TEST_F(GltfAnimationsTest, HaveTracksOfEveryPropertyAndInterpolation) {
 }
 
 TEST_F(GltfAnimationsTest, OfOneFileBecomeOne) {
-  const auto early = builder.AddFloats("SCALAR", {0.0F, 1.0F});
-  const auto late = builder.AddFloats("SCALAR", {0.0F, 3.0F});
-  const auto a = builder.AddFloats("VEC3", {1, 1, 1, 1, 1, 1});
-  const auto b = builder.AddFloats("VEC3", {2, 2, 2, 2, 2, 2});
+  const auto early = builder.Add<float>("SCALAR", {0.0F, 1.0F});
+  const auto late = builder.Add<float>("SCALAR", {0.0F, 3.0F});
+  const auto a = builder.Add<float>("VEC3", {1, 1, 1, 1, 1, 1});
+  const auto b = builder.Add<float>("VEC3", {2, 2, 2, 2, 2, 2});
   const auto data =
       Read(Animation(Sampler(early, a, "LINEAR"), Channel(0, 0, "translation")) + ',' +
            Animation(Sampler(late, b, "LINEAR"), Channel(0, 1, "translation") + ',' + Channel(0, 0, "translation")));
@@ -67,8 +67,8 @@ TEST_F(GltfAnimationsTest, OfOneFileBecomeOne) {
 }
 
 TEST_F(GltfAnimationsTest, ReadNormalisedRotations) {
-  const auto times = builder.AddFloats("SCALAR", {0.0F});
-  const auto turns = builder.AddShorts("VEC4", {0, 0, 65535, 0}, true);
+  const auto times = builder.Add<float>("SCALAR", {0.0F});
+  const auto turns = builder.Add<std::uint16_t>("VEC4", {0, 0, 65535, 0}, true);
   const auto data = Read(Animation(Sampler(times, turns, "LINEAR"), Channel(0, 0, "rotation")));
   ASSERT_THAT(data.nodes, SizeIs(1));
   ASSERT_THAT(data.nodes[0].rotation.values, SizeIs(1));
@@ -76,18 +76,18 @@ TEST_F(GltfAnimationsTest, ReadNormalisedRotations) {
 }
 
 TEST_F(GltfAnimationsTest, LeaveOutWhatIsNoNodesPlace) {
-  const auto times = builder.AddFloats("SCALAR", {0.0F});
-  const auto weights = builder.AddFloats("SCALAR", {1.0F});
+  const auto times = builder.Add<float>("SCALAR", {0.0F});
+  const auto weights = builder.Add<float>("SCALAR", {1.0F});
   const auto data = Read(Animation(Sampler(times, weights, "LINEAR"),
                                    Channel(0, 0, "weights") + R"(,{"sampler":0,"target":{"path":"translation"}})"));
   for (const base::NodeTracks& tracks : data.nodes) EXPECT_THAT(tracks.translation.times, IsEmpty());
 }
 
 TEST_F(GltfAnimationsTest, AreRefusedWhenTimesAndValuesDoNotBelongTogether) {
-  const auto growing = builder.AddFloats("SCALAR", {0.0F, 1.0F});
-  const auto falling = builder.AddFloats("SCALAR", {1.0F, 0.5F});
-  const auto two = builder.AddFloats("VEC3", {1, 1, 1, 2, 2, 2});
-  const auto three = builder.AddFloats("VEC3", {1, 1, 1, 2, 2, 2, 3, 3, 3});
+  const auto growing = builder.Add<float>("SCALAR", {0.0F, 1.0F});
+  const auto falling = builder.Add<float>("SCALAR", {1.0F, 0.5F});
+  const auto two = builder.Add<float>("VEC3", {1, 1, 1, 2, 2, 2});
+  const auto three = builder.Add<float>("VEC3", {1, 1, 1, 2, 2, 2, 3, 3, 3});
   const auto why = [&](std::size_t times, std::size_t values, const std::string& interpolation, int node) {
     error.clear();
     const auto bytes = builder.Glb(R"("nodes":[{}],"animations":[)" +

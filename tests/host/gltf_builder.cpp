@@ -6,10 +6,14 @@
 namespace qen::host {
 namespace {
 
-constexpr std::uint32_t kUnsignedByte = 5121;
-constexpr std::uint32_t kUnsignedShort = 5123;
-constexpr std::uint32_t kUnsignedInt = 5125;
-constexpr std::uint32_t kFloat = 5126;
+template <class T>
+constexpr std::uint32_t kComponentType = 5126;  // of floats
+template <>
+constexpr std::uint32_t kComponentType<std::uint8_t> = 5121;
+template <>
+constexpr std::uint32_t kComponentType<std::uint16_t> = 5123;
+template <>
+constexpr std::uint32_t kComponentType<std::uint32_t> = 5125;
 
 void AppendNumber(Bytes& bytes, std::uint32_t value, std::size_t size = 4) {
   for (std::size_t i = 0; i < size; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
@@ -34,17 +38,6 @@ std::string Join(const std::vector<std::string>& elements) {
 }  // namespace
 
 Bytes ToBytes(std::string_view text) { return {text.begin(), text.end()}; }
-
-std::string ToBase64(const Bytes& bytes) {
-  constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    std::uint32_t group = 0;
-    for (std::size_t k = 0; k < 3; ++k) group = group << 8U | (i + k < bytes.size() ? bytes[i + k] : 0U);
-    for (std::size_t k = 0; k < 4; ++k) text += i + k <= bytes.size() ? kAlphabet[group >> (18U - 6U * k) & 63U] : '=';
-  }
-  return text;
-}
 
 Bytes MakeGlb(std::string json, Bytes binary) {
   constexpr std::uint32_t kJsonChunk = 0x4E4F534A;
@@ -77,22 +70,6 @@ Bytes MakePicture() {
   return bytes;
 }
 
-std::size_t GltfBuilder::AddFloats(const char* type, std::initializer_list<float> values) {
-  return Add(type, kFloat, values, false);
-}
-
-std::size_t GltfBuilder::AddBytes(const char* type, std::initializer_list<std::uint8_t> values, bool normalized) {
-  return Add(type, kUnsignedByte, values, normalized);
-}
-
-std::size_t GltfBuilder::AddShorts(const char* type, std::initializer_list<std::uint16_t> values, bool normalized) {
-  return Add(type, kUnsignedShort, values, normalized);
-}
-
-std::size_t GltfBuilder::AddInts(const char* type, std::initializer_list<std::uint32_t> values) {
-  return Add(type, kUnsignedInt, values, false);
-}
-
 std::size_t GltfBuilder::AddView(const Bytes& content) {
   views_.push_back(R"({"buffer":0,"byteOffset":)" + std::to_string(binary_.size()) + R"(,"byteLength":)" +
                    std::to_string(content.size()) + '}');
@@ -108,8 +85,7 @@ std::string GltfBuilder::Json(const std::string& members, const std::string& uri
 }
 
 template <class T>
-std::size_t GltfBuilder::Add(const char* type, std::uint32_t componentType, std::initializer_list<T> values,
-                             bool normalized) {
+std::size_t GltfBuilder::Add(const char* type, std::initializer_list<T> values, bool normalized) {
   Bytes content;
   for (const T value : values) {
     if constexpr (std::is_same_v<T, float>) {
@@ -119,10 +95,15 @@ std::size_t GltfBuilder::Add(const char* type, std::uint32_t componentType, std:
     }
   }
   accessors_.push_back(R"({"bufferView":)" + std::to_string(AddView(content)) + R"(,"componentType":)" +
-                       std::to_string(componentType) + R"(,"count":)" +
+                       std::to_string(kComponentType<T>) + R"(,"count":)" +
                        std::to_string(values.size() / ComponentsOf(type)) + R"(,"type":")" + type + '"' +
                        (normalized ? R"(,"normalized":true})" : "}"));
   return accessors_.size() - 1;
 }
+
+template std::size_t GltfBuilder::Add(const char*, std::initializer_list<float>, bool);
+template std::size_t GltfBuilder::Add(const char*, std::initializer_list<std::uint8_t>, bool);
+template std::size_t GltfBuilder::Add(const char*, std::initializer_list<std::uint16_t>, bool);
+template std::size_t GltfBuilder::Add(const char*, std::initializer_list<std::uint32_t>, bool);
 
 }  // namespace qen::host

@@ -12,7 +12,6 @@ namespace qen::host {
 using Bytes = std::vector<std::uint8_t>;
 
 Bytes ToBytes(std::string_view text);
-std::string ToBase64(const Bytes& bytes);
 
 // A binary file of a JSON text and a binary chunk, none when it is empty, both padded as the format wants it.
 Bytes MakeGlb(std::string json, Bytes binary);
@@ -23,10 +22,9 @@ Bytes MakePicture();
 // Collects the numbers of a file and describes them. All functions that add return the position of the new accessor.
 class GltfBuilder {
  public:
-  std::size_t AddFloats(const char* type, std::initializer_list<float> values);
-  std::size_t AddBytes(const char* type, std::initializer_list<std::uint8_t> values, bool normalized = false);
-  std::size_t AddShorts(const char* type, std::initializer_list<std::uint16_t> values, bool normalized = false);
-  std::size_t AddInts(const char* type, std::initializer_list<std::uint32_t> values);
+  // Floats, or unsigned integers of 8, 16 or 32 bits.
+  template <class T = float>
+  std::size_t Add(const char* type, std::initializer_list<T> values, bool normalized = false);
 
   // A buffer view of its own, without an accessor; its position.
   std::size_t AddView(const Bytes& content);
@@ -37,9 +35,6 @@ class GltfBuilder {
   [[nodiscard]] const Bytes& Binary() const { return binary_; }
 
  private:
-  template <class T>
-  std::size_t Add(const char* type, std::uint32_t componentType, std::initializer_list<T> values, bool normalized);
-
   Bytes binary_;
   std::vector<std::string> views_;
   std::vector<std::string> accessors_;

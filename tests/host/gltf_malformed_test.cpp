@@ -11,10 +11,10 @@ using ::testing::Not;
 
 // A triangle with a material, a picture, an animation and a camera.
 Bytes SmallScene(GltfBuilder& builder) {
-  builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
-  builder.AddBytes("SCALAR", {0, 1, 2, 0});
-  builder.AddFloats("SCALAR", {0.0F, 1.0F});
-  builder.AddFloats("VEC3", {0, 0, 0, 1, 1, 1});
+  builder.Add<float>("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
+  builder.Add<std::uint8_t>("SCALAR", {0, 1, 2, 0});
+  builder.Add<float>("SCALAR", {0.0F, 1.0F});
+  builder.Add<float>("VEC3", {0, 0, 0, 1, 1, 1});
   const auto view = builder.AddView(MakePicture());
   return builder.Glb(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"n","mesh":0,"children":[1]},{"camera":0}],
       "cameras":[{"perspective":{"yfov":1,"znear":1}}],
@@ -68,6 +68,8 @@ TEST_F(GltfMalformedTest, NoChangedByteDoesHarm) {
 // Members of a file whose one mesh has these positions.
 #define POSITIONS(views, accessor) \
   R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}],"bufferViews":[)" views R"(],"accessors":[)" accessor "]"
+#define ACCESSOR(members) R"({"bufferView":0,"componentType":5126,)" members "}"
+#define ONE R"("count":1,"type":"VEC3")"
 #define VIEW R"({"buffer":0,"byteLength":36})"
 
 struct Wrong {
@@ -92,34 +94,25 @@ constexpr Wrong kWrong[] = {
     {R"("meshes":[{"primitives":[{"attributes":{}}]}])", "no positions"},
     {R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}])", "no element 0 of \"accessors\""},
     {R"("meshes":[{"primitives":[{"mode":7,"attributes":{}}]}])", "mode 7"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":4,"type":"VEC3"})"), "does not fit"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":18446744073709551615,"type":"VEC3"})"),
-     "does not fit"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":-1,"type":"VEC3"})"), "count"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"type":"VEC3"})"), "\"count\" is missing"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"byteOffset":99,"componentType":5126,"count":1,"type":"VEC3"})"),
-     "does not fit"},
-    {POSITIONS(VIEW,
-               R"({"bufferView":0,"byteOffset":18446744073709551600,"componentType":5126,"count":1,"type":"VEC3"})"),
-     "does not fit"},
-    {POSITIONS(R"({"buffer":0,"byteOffset":30,"byteLength":36})",
-               R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
+    {POSITIONS(VIEW, ACCESSOR(R"("count":4,"type":"VEC3")")), "does not fit"},
+    {POSITIONS(VIEW, ACCESSOR(R"("count":18446744073709551615,"type":"VEC3")")), "does not fit"},
+    {POSITIONS(VIEW, ACCESSOR(R"("count":-1,"type":"VEC3")")), "count"},
+    {POSITIONS(VIEW, ACCESSOR(R"("type":"VEC3")")), "\"count\" is missing"},
+    {POSITIONS(VIEW, ACCESSOR(R"("byteOffset":99,)" ONE)), "does not fit"},
+    {POSITIONS(VIEW, ACCESSOR(R"("byteOffset":18446744073709551600,)" ONE)), "does not fit"},
+    {POSITIONS(R"({"buffer":0,"byteOffset":30,"byteLength":36})", ACCESSOR(ONE)), "buffer view 0 is too long"},
+    {POSITIONS(R"({"buffer":0,"byteOffset":18446744073709551600,"byteLength":36})", ACCESSOR(ONE)),
      "buffer view 0 is too long"},
-    {POSITIONS(R"({"buffer":0,"byteOffset":18446744073709551600,"byteLength":36})",
-               R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
-     "buffer view 0 is too long"},
-    {POSITIONS(R"({"buffer":1,"byteLength":36})", R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3"})"),
-     "no buffer 1"},
-    {POSITIONS(R"({"buffer":0,"byteLength":36,"byteStride":4})",
-               R"({"bufferView":0,"componentType":5126,"count":3,"type":"VEC3"})"),
+    {POSITIONS(R"({"buffer":1,"byteLength":36})", ACCESSOR(ONE)), "no buffer 1"},
+    {POSITIONS(R"({"buffer":0,"byteLength":36,"byteStride":4})", ACCESSOR(R"("count":3,"type":"VEC3")")),
      "does not fit"},
     {POSITIONS(R"({"buffer":0,"byteLength":36,"byteStride":18446744073709551615})",
-               R"({"bufferView":0,"componentType":5126,"count":3,"type":"VEC3"})"),
+               ACCESSOR(R"("count":3,"type":"VEC3")")),
      "does not fit"},
     {POSITIONS("", R"({"componentType":5126,"count":1,"type":"VEC3"})"), "\"bufferView\" is missing"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC3","sparse":{}})"), "is sparse"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"VEC2"})"), "the wrong kind"},
-    {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5126,"count":1,"type":"MAT3"})"), "unknown kind"},
+    {POSITIONS(VIEW, ACCESSOR(R"("count":1,"type":"VEC3","sparse":{})")), "is sparse"},
+    {POSITIONS(VIEW, ACCESSOR(R"("count":1,"type":"VEC2")")), "the wrong kind"},
+    {POSITIONS(VIEW, ACCESSOR(R"("count":1,"type":"MAT3")")), "unknown kind"},
     {POSITIONS(VIEW, R"({"bufferView":0,"componentType":5130,"count":1,"type":"VEC3"})"), "component type 5130"},
     {R"("extensionsRequired":["KHR_draco_mesh_compression"])", "KHR_draco_mesh_compression"},
     {R"("images":[],"buffers":[{"uri":"a\nb.bin","byteLength":4}])", "cannot read a?b.bin"},
@@ -166,9 +159,9 @@ TEST_F(GltfMalformedTest, AFewBytesCannotFillTheMemory) {
 }
 
 TEST_F(GltfMalformedTest, IndicesMustBeThoseOfVertices) {
-  builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
-  builder.AddBytes("SCALAR", {0, 1, 3});
-  builder.AddFloats("SCALAR", {0, 1, 2});
+  builder.Add<float>("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0});
+  builder.Add<std::uint8_t>("SCALAR", {0, 1, 3});
+  builder.Add<float>("SCALAR", {0, 1, 2});
   const auto with = [&](int indices) {
     return WhyRefused(builder.Glb(R"("meshes":[{"primitives":[{"attributes":{"POSITION":0},"indices":)" +
                                   std::to_string(indices) + "}]}]"));
@@ -178,7 +171,7 @@ TEST_F(GltfMalformedTest, IndicesMustBeThoseOfVertices) {
 }
 
 TEST_F(GltfMalformedTest, ValuesMustBeNumbers) {
-  builder.AddFloats("VEC3", {0, 0, 0, 1, std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0});
+  builder.Add<float>("VEC3", {0, 0, 0, 1, std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0});
   EXPECT_THAT(WhyRefused(builder.Glb(R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}])")),
               HasSubstr("not a number"));
 }

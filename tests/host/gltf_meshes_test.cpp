@@ -22,8 +22,8 @@ class GltfMeshesTest : public GltfTest {
 
   // A unit square with normals; the attributes of a primitive.
   std::string Square() {
-    const auto positions = builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0});
-    const auto normals = builder.AddFloats("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
+    const auto positions = builder.Add<float>("VEC3", {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0});
+    const auto normals = builder.Add<float>("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
     return R"("POSITION":)" + std::to_string(positions) + R"(,"NORMAL":)" + std::to_string(normals);
   }
 
@@ -46,14 +46,14 @@ TEST_F(GltfMeshesTest, ReadIndicesOfEverySize) {
   const auto with = [&](std::size_t accessor) {
     return SubMesh(Primitive(square, R"(,"indices":)" + std::to_string(accessor))).indices;
   };
-  EXPECT_THAT(with(builder.AddBytes("SCALAR", {0, 1, 2, 2, 3, 0})), ElementsAre(0, 1, 2, 2, 3, 0));
-  EXPECT_THAT(with(builder.AddShorts("SCALAR", {2, 3, 0})), ElementsAre(2, 3, 0));
-  EXPECT_THAT(with(builder.AddInts("SCALAR", {3, 2, 1})), ElementsAre(3, 2, 1));
+  EXPECT_THAT(with(builder.Add<std::uint8_t>("SCALAR", {0, 1, 2, 2, 3, 0})), ElementsAre(0, 1, 2, 2, 3, 0));
+  EXPECT_THAT(with(builder.Add<std::uint16_t>("SCALAR", {2, 3, 0})), ElementsAre(2, 3, 0));
+  EXPECT_THAT(with(builder.Add<std::uint32_t>("SCALAR", {3, 2, 1})), ElementsAre(3, 2, 1));
 }
 
 TEST_F(GltfMeshesTest, TurnStripsAndFansIntoTriangles) {
   const std::string square = Square();
-  const auto indices = R"(,"indices":)" + std::to_string(builder.AddBytes("SCALAR", {0, 1, 3, 2, 0}));
+  const auto indices = R"(,"indices":)" + std::to_string(builder.Add<std::uint8_t>("SCALAR", {0, 1, 3, 2, 0}));
   EXPECT_THAT(SubMesh(Primitive(square, indices + R"(,"mode":5)")).indices, ElementsAre(0, 1, 3, 3, 1, 2, 3, 2, 0));
   EXPECT_THAT(SubMesh(Primitive(square, indices + R"(,"mode":6)")).indices, ElementsAre(0, 1, 3, 0, 3, 2, 0, 2, 0));
   EXPECT_THAT(SubMesh(Primitive(square)).indices, ElementsAre(0, 1, 2)) << "without indices";
@@ -66,8 +66,8 @@ TEST_F(GltfMeshesTest, TurnStripsAndFansIntoTriangles) {
 
 TEST_F(GltfMeshesTest, AreFlatWhereNormalsAreMissing) {
   // Two triangles that share an edge and stand at a right angle.
-  const auto positions = builder.AddFloats("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1});
-  const auto indices = builder.AddBytes("SCALAR", {0, 1, 2, 0, 2, 3});
+  const auto positions = builder.Add<float>("VEC3", {0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1});
+  const auto indices = builder.Add<std::uint8_t>("SCALAR", {0, 1, 2, 0, 2, 3});
   const auto mesh =
       SubMesh(Primitive(R"("POSITION":)" + std::to_string(positions), R"(,"indices":)" + std::to_string(indices)));
   ASSERT_THAT(mesh.vertices, SizeIs(6));
@@ -81,9 +81,9 @@ TEST_F(GltfMeshesTest, ReadTextureCoordinatesOfEveryType) {
   const auto with = [&](std::size_t accessor) {
     return SubMesh(Primitive(square + R"(,"TEXCOORD_0":)" + std::to_string(accessor))).vertices[1];
   };
-  EXPECT_FLOAT_EQ(with(builder.AddFloats("VEC2", {0, 0, 1.5F, -0.25F, 0, 0, 0, 0})).u, 1.5F);
-  EXPECT_FLOAT_EQ(with(builder.AddBytes("VEC2", {0, 0, 51, 255, 0, 0, 0, 0}, true)).u, 0.2F);
-  EXPECT_FLOAT_EQ(with(builder.AddShorts("VEC2", {0, 0, 0, 65535, 0, 0, 0, 0}, true)).v, 1.0F);
+  EXPECT_FLOAT_EQ(with(builder.Add<float>("VEC2", {0, 0, 1.5F, -0.25F, 0, 0, 0, 0})).u, 1.5F);
+  EXPECT_FLOAT_EQ(with(builder.Add<std::uint8_t>("VEC2", {0, 0, 51, 255, 0, 0, 0, 0}, true)).u, 0.2F);
+  EXPECT_FLOAT_EQ(with(builder.Add<std::uint16_t>("VEC2", {0, 0, 0, 65535, 0, 0, 0, 0}, true)).v, 1.0F);
 }
 
 TEST_F(GltfMeshesTest, ReadColoursOfEveryType) {
@@ -91,16 +91,16 @@ TEST_F(GltfMeshesTest, ReadColoursOfEveryType) {
   const auto with = [&](std::size_t accessor) {
     return SubMesh(Primitive(square + R"(,"COLOR_0":)" + std::to_string(accessor))).vertices[0].color;
   };
-  EXPECT_THAT(with(builder.AddFloats("VEC3", {0.2F, 2, -1, 0, 0, 0, 0, 0, 0, 0, 0, 0})), ElementsAre(51, 255, 0, 255));
-  EXPECT_THAT(with(builder.AddBytes("VEC4", {1, 2, 3, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, true)),
+  EXPECT_THAT(with(builder.Add<float>("VEC3", {0.2F, 2, -1, 0, 0, 0, 0, 0, 0, 0, 0, 0})), ElementsAre(51, 255, 0, 255));
+  EXPECT_THAT(with(builder.Add<std::uint8_t>("VEC4", {1, 2, 3, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, true)),
               ElementsAre(1, 2, 3, 4));
-  EXPECT_THAT(with(builder.AddShorts("VEC4", {65535, 0, 257, 514, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, true)),
+  EXPECT_THAT(with(builder.Add<std::uint16_t>("VEC4", {65535, 0, 257, 514, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, true)),
               ElementsAre(255, 0, 1, 2));
 }
 
 TEST_F(GltfMeshesTest, FollowTheStrideOfInterleavedBuffers) {
   // Positions and normals of three vertices take turns.
-  builder.AddFloats("SCALAR", {0, 0, 0, 0, 0, 1, 1, 0, 0, 0, 0, 1, 1, 1, 0, 0, 0, 1});
+  builder.Add<float>("SCALAR", {0, 0, 0, 0, 0, 1, 1, 0, 0, 0, 0, 1, 1, 1, 0, 0, 0, 1});
   std::string json = builder.Json(R"("meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1}}]}])");
   const auto replace = [&json](const std::string& list, const std::string& with) {
     const std::size_t start = json.find('"' + list + "\":[") + list.size() + 3;
@@ -119,8 +119,9 @@ TEST_F(GltfMeshesTest, FollowTheStrideOfInterleavedBuffers) {
 }
 
 TEST_F(GltfMeshesTest, ComeFromABufferBesideTheFileOrInAUri) {
-  const std::string meshes = R"("meshes":[{"primitives":[)" + Primitive(Square()) + "]}]";
-  const std::string uri = "data:application/octet-stream;base64," + ToBase64(builder.Binary());
+  builder.Add<float>("VEC3", {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0});
+  const std::string meshes = R"("meshes":[{"primitives":[{"attributes":{"POSITION":0}}]}])";
+  const std::string uri = "data:;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAACAPwAAgD8AAAAAAAAAAAAAgD8AAAAA";
   EXPECT_THAT(Scene(ToBytes(builder.Json(meshes, uri))).meshes.at(0).at(0).vertices[2].position,
               IsVec3(1.0F, 1.0F, 0.0F));
   EXPECT_THAT(files.reads, IsEmpty());

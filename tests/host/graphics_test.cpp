@@ -1,6 +1,5 @@
 #include "tests/host/graphics_test.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace qen::host {
@@ -13,12 +12,17 @@ float Linear(int encoded) {
 
 }  // namespace
 
-GraphicsTest::GraphicsTest(int samples)
+GraphicsTest::GraphicsTest()
     : window({.title = "test", .width = 32, .height = 32, .offscreen = true, .debugContext = true}) {
-  const auto complain = [this](std::string_view line) { complaints.emplace_back(line); };
-  renderer = std::make_unique<GlRenderer>(GlRendererOptions{samples, false, complain});
+  UseSamples(4);
   light.type = Light::kDirectional;
   StartLayer();
+}
+
+void GraphicsTest::UseSamples(int samples) {
+  const auto complain = [this](std::string_view line) { complaints.emplace_back(line); };
+  renderer.reset();
+  renderer = std::make_unique<GlRenderer>(GlRendererOptions{samples, false, complain});
 }
 
 void GraphicsTest::StartLayer() {

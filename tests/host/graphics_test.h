@@ -55,9 +55,10 @@ class TestTexture final : public Texture {
 // picture. Any complaint of OpenGL fails the test.
 class GraphicsTest : public ::testing::Test {
  protected:
-  explicit GraphicsTest(int samples = 4);
+  GraphicsTest();
   void TearDown() override { EXPECT_THAT(complaints, ::testing::IsEmpty()); }
 
+  void UseSamples(int samples);  // with a fresh renderer
   void StartLayer();
 
   // A rectangle that faces the viewer, lit by nothing.

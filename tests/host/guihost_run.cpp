@@ -14,26 +14,21 @@ std::string MakeEmptyScene() {
   return GltfBuilder().Json(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}])");
 }
 
-const std::vector<ZipEntry>& SmallGui() {
-  static const std::vector<ZipEntry> kFiles = [] {
-    GltfBuilder scene;
-    scene.AddFloats("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
-    scene.AddFloats("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
-    scene.AddBytes("SCALAR", {0, 1, 2, 0, 2, 3});
-    const Bytes glb = scene.Glb(R"("nodes":[{"name":"~bSquare","children":[1]},{"name":"normal","mesh":0}],
-        "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
-        "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
-    return std::vector<ZipEntry>{
-        {"Gui.txt", "lang lang.txt\nname pages\\first.txt\nname pages\\second.txt\n"},
-        {"Lang.txt", "lang english { str1 One }\nlang german { str1 Eins }\n"},
-        {"Empty.txt", "lang lang.txt\n"},
-        {"Pages/First.txt", "name scenes\\first.glb\n"},
-        {"Pages/Second.txt", "name scenes\\second.glb\n"},
-        {"Scenes/First.glb", std::string(glb.begin(), glb.end())},
-        {"Scenes/Second.glb", MakeEmptyScene()},
-    };
-  }();
-  return kFiles;
+GuihostTest::GuihostTest() {
+  GltfBuilder scene;
+  scene.Add<float>("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
+  scene.Add<float>("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
+  scene.Add<std::uint8_t>("SCALAR", {0, 1, 2, 0, 2, 3});
+  const Bytes glb = scene.Glb(R"("nodes":[{"name":"~bSquare","children":[1]},{"name":"normal","mesh":0}],
+      "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
+      "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
+  folder.Write("Gui.txt", "lang lang.txt\nname pages\\first.txt\nname pages\\second.txt\n");
+  folder.Write("Lang.txt", "lang english { str1 One }\nlang german { str1 Eins }\n");
+  folder.Write("Empty.txt", "lang lang.txt\n");
+  folder.Write("Pages/First.txt", "name scenes\\first.glb\n");
+  folder.Write("Pages/Second.txt", "name scenes\\second.glb\n");
+  folder.Write("Scenes/First.glb", std::string(glb.begin(), glb.end()));
+  folder.Write("Scenes/Second.glb", MakeEmptyScene());
 }
 
 int GuihostTest::Run(const std::string& arguments) {
@@ -50,10 +45,6 @@ std::string GuihostTest::Complaint(const std::string& arguments) {
   EXPECT_EQ(std::ranges::count(err, '\n'), 1) << err;
   EXPECT_THAT(err, ::testing::StartsWith("guihost: "));
   return err;
-}
-
-void GuihostTest::WriteSmallGui() {
-  for (const ZipEntry& file : SmallGui()) folder.Write(file.name, file.content);
 }
 
 std::optional<base::Image> GuihostTest::Picture(const std::string& name) {

@@ -5,28 +5,26 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "base/backends/image.h"
-#include "tests/host/temporary_folder.h"
-#include "tests/host/zip_file.h"
+#include "tests/temporary_folder.h"
 
 namespace qen::host {
 
 std::string MakeEmptyScene();  // a page with a button that cannot be seen
 
-// A page "first" with a red square in the middle, which is a button, and an empty page "second".
-const std::vector<ZipEntry>& SmallGui();
-
+// In the temporary folder is a GUI: a page "first" with a red square in the middle, which is a button, and an empty
+// page "second".
 class GuihostTest : public ::testing::Test {
  protected:
+  GuihostTest();
+
   // Runs the program in the temporary folder without a display. Its exit status; `out` and `err` are what it printed.
   int Run(const std::string& arguments);
 
   // What the program says when it fails, which must be one line.
   std::string Complaint(const std::string& arguments);
 
-  void WriteSmallGui();
   std::optional<base::Image> Picture(const std::string& name);
 
   TemporaryFolder folder;

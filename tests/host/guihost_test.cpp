@@ -2,10 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <span>
 #include <sstream>
 #include <string>
@@ -17,6 +14,8 @@
 
 namespace qen::host {
 namespace {
+
+namespace fs = std::filesystem;
 
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
@@ -47,7 +46,6 @@ TEST_F(GuihostTest, NamesWrongOptions) {
 }
 
 TEST_F(GuihostTest, NamesWhatCannotBeRead) {
-  WriteSmallGui();
   EXPECT_THAT(Complaint("nosuch/gui.txt"), HasSubstr("cannot read nosuch/gui.txt: no such file"));
   EXPECT_THAT(Complaint("Pages"), HasSubstr("cannot read Pages: it is a folder"));
   EXPECT_THAT(Complaint("Gui.txt --data nosuch.zip"), HasSubstr("nosuch.zip"));
@@ -58,7 +56,6 @@ TEST_F(GuihostTest, NamesWhatCannotBeRead) {
 }
 
 TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
-  WriteSmallGui();
   EXPECT_THAT(Complaint("Gui.txt --page third"), AllOf(HasSubstr("third"), HasSubstr("first, second")));
   EXPECT_THAT(Complaint("Gui.txt --save-page third=a.txt"), AllOf(HasSubstr("third"), HasSubstr("first, second")));
   EXPECT_THAT(Complaint("Gui.txt --language klingon"), AllOf(HasSubstr("klingon"), HasSubstr("english, german")));
@@ -66,7 +63,6 @@ TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
 }
 
 TEST_F(GuihostTest, TellsWhatAnArtistHasForgotten) {
-  WriteSmallGui();
   folder.Write("Pages/First.txt",
                "name scenes\\first.glb item ~bSquare { message setpage:third.glb } item ~bCircle { textid 1 }");
   ASSERT_EQ(Run("Gui.txt --frames 1 --size 16x16"), 0);
@@ -75,7 +71,6 @@ TEST_F(GuihostTest, TellsWhatAnArtistHasForgotten) {
 }
 
 TEST_F(GuihostTest, NamesWhatCannotBeWritten) {
-  WriteSmallGui();
   EXPECT_THAT(Complaint("Gui.txt --shot nosuch/a.png"), HasSubstr("nosuch/a.png"));
   EXPECT_THAT(Complaint("Gui.txt --tour Lang.txt"), HasSubstr("Lang.txt"));
   EXPECT_THAT(Complaint("Gui.txt --frames 1 --trace nosuch/a.json"), HasSubstr("nosuch/a.json"));
@@ -92,7 +87,6 @@ TEST_F(GuihostTest, TellsItsOptionsAndVersion) {
 }
 
 TEST_F(GuihostTest, TakesAPictureOfThePageAskedFor) {
-  WriteSmallGui();
   ASSERT_EQ(Run("Gui.txt --shot first.png --size 64x48"), 0) << err;
   ASSERT_EQ(Run("Gui.txt --shot second.png --size 64x48 --page SECOND"), 0) << err;
   const auto first = Picture("first.png");
@@ -105,7 +99,6 @@ TEST_F(GuihostTest, TakesAPictureOfThePageAskedFor) {
 }
 
 TEST_F(GuihostTest, SavesPagesAndTellsWhere) {
-  WriteSmallGui();
   ASSERT_EQ(Run("Gui.txt --save-page first=new/a.txt --save-page Second=Pages/Second.txt --shot a.png --size 16x16"), 0)
       << err;
   EXPECT_THAT(out, EndsWith("saved new/a.txt\nsaved Pages/Second.txt; what was there is Pages/bak/Second.txt0\n"));
@@ -119,14 +112,14 @@ TEST_F(GuihostTest, SavesPagesAndTellsWhere) {
 }
 
 TEST_F(GuihostTest, ReadsItsDataFromAnArchive) {
-  WriteZip(folder.Path() / "game.zip", SmallGui());
+  PackZip(folder.Path(), folder.Path() / "game.zip");
+  for (const char* packed : {"Gui.txt", "Lang.txt", "Pages", "Scenes"}) fs::remove_all(folder.Path() / packed);
   ASSERT_EQ(Run("gui.TXT --data game.zip --shot a.png --size 16x16"), 0) << err;
   EXPECT_THAT(err, IsEmpty());
   EXPECT_TRUE(Picture("a.png").has_value());
 }
 
 TEST_F(GuihostTest, LaterDataHidesTheDescriptionsFolder) {
-  WriteSmallGui();
   folder.Write("patch/scenes/FIRST.glb", MakeEmptyScene());
   ASSERT_EQ(Run("Gui.txt --data patch --shot a.png --size 16x16"), 0) << err;
   const auto picture = Picture("a.png");
@@ -135,7 +128,6 @@ TEST_F(GuihostTest, LaterDataHidesTheDescriptionsFolder) {
 }
 
 TEST_F(GuihostTest, PlaysTheTourWithoutADisplay) {
-  WriteSmallGui();
   ASSERT_EQ(Run("Gui.txt --size 32x24"), 0) << err;
   std::istringstream lines(out);
   std::vector<std::string> pictures;
@@ -149,7 +141,6 @@ TEST_F(GuihostTest, PlaysTheTourWithoutADisplay) {
 }
 
 TEST_F(GuihostTest, TracesTheCallsAsJson) {
-  WriteSmallGui();
   ASSERT_EQ(Run("Gui.txt --frames 2 --trace calls.json --size 16x16"), 0) << err;
   std::istringstream lines(folder.Read("calls.json"));
   std::vector<std::string> calls;

@@ -3,7 +3,6 @@
 #include <SDL_keycode.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <ostream>
 
@@ -31,44 +30,41 @@ class InputTranslatorTest : public ::testing::Test {
     return seen;
   }
 
-  void Move(std::int32_t x, std::int32_t y) {
-    SDL_Event event{};
-    event.type = SDL_MOUSEMOTION;
-    event.motion.x = x;
-    event.motion.y = y;
-    input.Translate(event, events);
-  }
-  void Button(bool down, std::uint8_t button = SDL_BUTTON_LEFT) {
-    SDL_Event event{};
-    event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-    event.button.state = down ? SDL_PRESSED : SDL_RELEASED;
-    event.button.button = button;
-    input.Translate(event, events);
-  }
-  void Wheel(float y) {
-    SDL_Event event{};
-    event.type = SDL_MOUSEWHEEL;
-    event.wheel.preciseY = y;
-    input.Translate(event, events);
-  }
-  void Press(SDL_Keycode key, std::uint16_t modifiers = KMOD_NONE) {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.keysym.sym = key;
-    event.key.keysym.mod = modifiers;
-    input.Translate(event, events);
-  }
-  void Window(std::uint8_t what) {
-    SDL_Event event{};
-    event.type = SDL_WINDOWEVENT;
-    event.window.event = what;
-    input.Translate(event, events);
-  }
-  void Text(std::uint32_t type, const char* utf8) {
+  template <class Fill>
+  void Give(std::uint32_t type, Fill fill) {
     SDL_Event event{};
     event.type = type;
-    std::strncpy(type == SDL_TEXTINPUT ? event.text.text : event.edit.text, utf8, sizeof event.text.text - 1);
+    fill(event);
     input.Translate(event, events);
+  }
+  void Move(std::int32_t x, std::int32_t y) {
+    Give(SDL_MOUSEMOTION, [&](SDL_Event& event) {
+      event.motion.x = x;
+      event.motion.y = y;
+    });
+  }
+  void Button(bool down, std::uint8_t button = SDL_BUTTON_LEFT) {
+    Give(down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP, [&](SDL_Event& event) {
+      event.button.state = down ? SDL_PRESSED : SDL_RELEASED;
+      event.button.button = button;
+    });
+  }
+  void Wheel(float y) {
+    Give(SDL_MOUSEWHEEL, [&](SDL_Event& event) { event.wheel.preciseY = y; });
+  }
+  void Press(SDL_Keycode key, std::uint16_t modifiers = KMOD_NONE) {
+    Give(SDL_KEYDOWN, [&](SDL_Event& event) {
+      event.key.keysym.sym = key;
+      event.key.keysym.mod = modifiers;
+    });
+  }
+  void Window(std::uint8_t what) {
+    Give(SDL_WINDOWEVENT, [&](SDL_Event& event) { event.window.event = what; });
+  }
+  void Text(std::uint32_t type, const char* utf8) {
+    Give(type, [&](SDL_Event& event) {
+      std::strncpy(type == SDL_TEXTINPUT ? event.text.text : event.edit.text, utf8, sizeof event.text.text - 1);
+    });
   }
 
   InputTranslator input;
@@ -194,9 +190,7 @@ TEST_F(InputTranslatorTest, KeysBelongToTheInputMethodWhileItComposes) {
 
 TEST_F(InputTranslatorTest, TheWindowTellsOfSizesAndOfItsEnd) {
   Window(SDL_WINDOWEVENT_SIZE_CHANGED);
-  SDL_Event quit{};
-  quit.type = SDL_QUIT;
-  input.Translate(quit, events);
+  Give(SDL_QUIT, [](SDL_Event&) {});
   Window(SDL_WINDOWEVENT_EXPOSED);
   EXPECT_EQ(Take(), (Expected{{Kind::Resize, 0}, {Kind::Quit, 0}}));
 }

@@ -3,66 +3,50 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <fstream>
 #include <vector>
 
 namespace qen::host {
 namespace {
 
-void Append(std::vector<std::uint8_t>& bytes, std::uint32_t value, int size) {
-  for (int i = 0; i < size; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-}
-
-// A second of silence.
-std::vector<std::uint8_t> MakeWav() {
-  constexpr std::uint32_t kRate = 8000;
-  std::vector<std::uint8_t> bytes{'R', 'I', 'F', 'F'};
-  Append(bytes, 36 + kRate, 4);
-  for (const char c : {'W', 'A', 'V', 'E', 'f', 'm', 't', ' '}) bytes.push_back(static_cast<std::uint8_t>(c));
-  for (const std::uint32_t value : {16U, 0x00010001U, kRate, kRate, 0x00080001U}) Append(bytes, value, 4);
-  for (const char c : {'d', 'a', 't', 'a'}) bytes.push_back(static_cast<std::uint8_t>(c));
-  Append(bytes, kRate, 4);
-  bytes.resize(bytes.size() + kRate, 128);
-  return bytes;
+std::vector<std::uint8_t> ReadClick() {
+  std::ifstream file("samples/skylantern/sounds/click.wav", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 class MixerSoundsTest : public ::testing::Test {
  protected:
+  void SetUp() override { ASSERT_NE(sounds, nullptr); }
+
   std::unique_ptr<MixerSounds> sounds = MixerSounds::Open(SoundOutput::None);
+  const std::vector<std::uint8_t> wav = ReadClick();
 };
 
-TEST_F(MixerSoundsTest, LoadsSoundsUnderNamesOfTheirOwn) {
-  ASSERT_NE(sounds, nullptr);
-  const std::uint32_t first = sounds->Load(MakeWav());
-  const std::uint32_t second = sounds->Load(MakeWav());
-  EXPECT_NE(first, 0U);
-  EXPECT_NE(second, 0U);
-  EXPECT_NE(first, second);
-}
-
 TEST_F(MixerSoundsTest, RefusesWhatIsNoSound) {
-  ASSERT_NE(sounds, nullptr);
-  const std::vector<std::uint8_t> wav = MakeWav();
   EXPECT_EQ(sounds->Load({}), 0U);
   EXPECT_EQ(sounds->Load(std::vector<std::uint8_t>{'n', 'o', ' ', 's', 'o', 'u', 'n', 'd'}), 0U);
   EXPECT_EQ(sounds->Load(std::span(wav).first(30)), 0U);
 }
 
 TEST_F(MixerSoundsTest, PlaysMoreAtOnceThanThereAreVoicesAndFreesThemWhilePlaying) {
-  ASSERT_NE(sounds, nullptr);
-  const std::uint32_t sound = sounds->Load(MakeWav());
+  const std::uint32_t sound = sounds->Load(wav);
+  const std::uint32_t second = sounds->Load(wav);
+  EXPECT_NE(sound, 0U);
+  EXPECT_NE(second, 0U);
+  EXPECT_NE(sound, second) << "each has a name of its own";
   for (int i = 0; i < 100; ++i) sounds->Play(sound, 0.5F);
   sounds->Free(sound);
   sounds->Play(sound, 1.0F);
   sounds->Play(0, 1.0F);
   sounds->Free(0);
-  EXPECT_NE(sounds->Load(MakeWav()), sound);
+  EXPECT_NE(sounds->Load(wav), sound);
 }
 
 TEST_F(MixerSoundsTest, CanBeOpenedAgain) {
   sounds.reset();
   sounds = MixerSounds::Open(SoundOutput::None);
   ASSERT_NE(sounds, nullptr);
-  EXPECT_NE(sounds->Load(MakeWav()), 0U);
+  EXPECT_NE(sounds->Load(wav), 0U);
 }
 
 }  // namespace

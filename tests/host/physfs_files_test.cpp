@@ -5,12 +5,11 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 
-#include "tests/host/temporary_folder.h"
 #include "tests/host/zip_file.h"
+#include "tests/temporary_folder.h"
 
 namespace qen::host {
 namespace {
@@ -51,7 +50,9 @@ TEST_F(PhysfsFilesTest, FindsNamesWithoutRegardToLetterCaseAndSeparators) {
 TEST_F(PhysfsFilesTest, LaterPlacesHideEarlierOnes) {
   folder.Write("base/gui.txt", "base");
   folder.Write("base/only.txt", "only");
-  WriteZip(folder.Path() / "patch.zip", {{"Pages/Menü.txt", "menu"}, {"GUI.TXT", "patch"}});
+  folder.Write("patch/Pages/Menü.txt", "menu");
+  folder.Write("patch/GUI.TXT", "patch");
+  PackZip(folder.Path() / "patch", folder.Path() / "patch.zip");
   files.Mount(folder.Path() / "base");
   files.Mount(folder.Path() / "patch.zip");
   EXPECT_EQ(Read(u"gui.txt"), "patch");

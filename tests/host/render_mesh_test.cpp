@@ -1,5 +1,4 @@
 // How meshes look.
-#include <cmath>
 #include <limits>
 
 #include "engine/camera.h"
@@ -10,16 +9,23 @@ namespace {
 
 constexpr Rgb kGrey{128, 128, 128};
 
-class RenderMeshTest : public GraphicsTest {
- protected:
-  void Light() { list.items.back().entry.lights = &lights; }
-};
-
 std::vector<base::Vertex> Corners(const Vec3& normal) {
   return {{{-1, -1, 0.5F}, normal}, {{1, -1, 0.5F}, normal}, {{1, 1, 0.5F}, normal}, {{-1, 1, 0.5F}, normal}};
 }
 
 constexpr Vec3 kToViewer{0.0F, 0.0F, -1.0F};
+
+class RenderMeshTest : public GraphicsTest {
+ protected:
+  // A panel with this normal in the pages' light.
+  Rgb Shade(const Vec3& normal, const Matrix4x4& world = Matrix4x4::Identity, float grey = 1.0F) {
+    ClearFrame();
+    AddMesh(Corners(normal), {0, 1, 2, 0, 2, 3}, world).GetMaterialParams().baseColor = {grey, grey, grey, 1.0F};
+    list.items.back().entry.lights = &lights;
+    Show();
+    return Middle();
+  }
+};
 
 TEST_F(RenderMeshTest, OnlyCounterClockwiseFacesAreSeen) {
   SubMesh& mesh = AddMesh(Corners(kToViewer), {0, 1, 2, 0, 3, 2});
@@ -67,39 +73,18 @@ TEST_F(RenderMeshTest, AModelledFaceIsUprightInFrontOfTheCamera) {
 }
 
 TEST_F(RenderMeshTest, ARoughPanelThatFacesTheLightKeepsItsColours) {
-  AddFullQuad(0.5F, kGrey);
-  Light();
-  Show();
-  EXPECT_THAT(Middle(), IsNear(kGrey, 2));
-}
-
-TEST_F(RenderMeshTest, SidesAreDarkerThanTheFrontAndNeverBlack) {
-  AddMesh(Corners({1.0F, 0.0F, 0.0F}), {0, 1, 2, 0, 2, 3});
-  Light();
-  Show();
-  EXPECT_LT(Middle().red, 220);
-  EXPECT_GT(Middle().red, 80);
-}
-
-TEST_F(RenderMeshTest, LightFromAboveIsBrighterOnTop) {
-  const auto shade = [this](const Vec3& normal) {
-    ClearFrame();
-    AddMesh(Corners(normal), {0, 1, 2, 0, 2, 3});
-    Light();
-    Show();
-    return Middle().red;
-  };
-  EXPECT_GT(shade({0.0F, 1.0F, 0.0F}), shade({0.0F, -1.0F, 0.0F}) + 20);
-}
-
-TEST_F(RenderMeshTest, AFlattenedNodeIsLitAsItWas) {
   Matrix4x4 flat = Matrix4x4::Identity;
   flat.m[2][2] = 0.0F;
-  SubMesh& mesh = AddMesh(Corners(kToViewer), {0, 1, 2, 0, 2, 3}, flat);
-  mesh.GetMaterialParams().baseColor = {0.2158F, 0.2158F, 0.2158F, 1.0F};
-  Light();
-  Show();
-  EXPECT_THAT(Middle(), IsNear(kGrey, 2));
+  for (const Matrix4x4& world : {Matrix4x4::Identity, flat}) {
+    EXPECT_THAT(Shade(kToViewer, world, 0.2158F), IsNear(kGrey, 2)) << "flattened: " << world.m[2][2];
+  }
+}
+
+TEST_F(RenderMeshTest, SidesAreDarkerAndNeverBlackAndLightFromAboveIsBrighterOnTop) {
+  const int side = Shade({1.0F, 0.0F, 0.0F}).red;
+  EXPECT_LT(side, 220);
+  EXPECT_GT(side, 80);
+  EXPECT_GT(Shade({0.0F, 1.0F, 0.0F}).red, Shade({0.0F, -1.0F, 0.0F}).red + 20);
 }
 
 TEST_F(RenderMeshTest, PictureFactorAndVertexColourMultiply) {

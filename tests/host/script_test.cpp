@@ -17,7 +17,6 @@ using ::testing::StartsWith;
 class ScriptTest : public GuihostTest {
  protected:
   ScriptTest() {
-    WriteSmallGui();
     folder.Write("Pages/First.txt", "name scenes\\first.glb item ~bSquare { message play:now tooltip 1 textid 1 }");
   }
 

@@ -1,18 +1,17 @@
 // Zip archives for tests.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <filesystem>
-#include <string>
-#include <vector>
 
 namespace qen::host {
 
-struct ZipEntry {
-  std::string name;  // UTF-8
-  std::string content;
-};
-
-// Writes an archive whose files are not compressed.
-void WriteZip(const std::filesystem::path& file, const std::vector<ZipEntry>& entries);
+// Packs all that is in the folder, under names that begin there.
+inline void PackZip(const std::filesystem::path& folder, const std::filesystem::path& archive) {
+  const std::string pack = "LC_ALL=C.UTF-8 cmake -E tar cf '" + archive.string() + "' --format=zip *";
+  ASSERT_EQ(std::system(("cd '" + folder.string() + "' && " + pack).c_str()), 0);
+}
 
 }  // namespace qen::host

@@ -1,14 +1,11 @@
 // A folder of its own that the GUI writes to.
 #pragma once
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 #include "engine/system.h"
 #include "tests/module/gui_fixture.h"
+#include "tests/temporary_folder.h"
 
 namespace qen::test {
 
@@ -42,21 +39,10 @@ inline String WithLineEnds(StringView lines) {
 }
 
 // The base path is the folder while one exists.
-class DataFolder {
+class DataFolder : public TemporaryFolder {
  public:
-  DataFolder() {
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(path);
-    System::SetBasePath(base::ToUtf16(path.string()));
-  }
-  ~DataFolder() {
-    std::filesystem::remove_all(path);
-    System::SetBasePath({});
-  }
-  DataFolder(const DataFolder&) = delete;
-  DataFolder& operator=(const DataFolder&) = delete;
-
-  const std::filesystem::path path = std::filesystem::temp_directory_path() / ("gui_data_" + std::to_string(getpid()));
+  DataFolder() { System::SetBasePath(base::ToUtf16(Path().string())); }
+  ~DataFolder() { System::SetBasePath({}); }
 };
 
 class SavingTest : public GuiTest {
@@ -79,7 +65,7 @@ class SavingTest : public GuiTest {
   }
 
   DataFolder data;
-  const std::filesystem::path& folder = data.path;
+  const std::filesystem::path& folder = data.Path();
 };
 
 }  // namespace qen::test

@@ -12,10 +12,7 @@ class Saving : public SavingTest {
     OpenPage(u"menu.txt");
   }
 
-  void Write(const std::filesystem::path& file, const std::string& text) const {
-    std::filesystem::create_directories((folder / file).parent_path());
-    std::ofstream(folder / file) << text;
-  }
+  void Write(const std::filesystem::path& file, const std::string& text) const { data.Write(file, text); }
 
   [[nodiscard]] bool IsPage(const std::filesystem::path& file) const {
     return BytesOf(folder / file).starts_with("\xFF\xFEn");

@@ -73,7 +73,7 @@ class LoadingTheDll : public ::testing::Test {
 };
 
 TEST_F(LoadingTheDll, FromAFolderWithABlankAndForeignLetters) {
-  const fs::path place = data.path / u8"Spiele \u96EA\u0416\u00FC";
+  const fs::path place = data.Path() / u8"Spiele \u96EA\u0416\u00FC";
   fs::create_directories(place);
   fs::copy_file(GUI_MODULE_FILE, place / "gui.dll");
   LoadAndUse(place / "gui.dll", engine);
@@ -81,7 +81,7 @@ TEST_F(LoadingTheDll, FromAFolderWithABlankAndForeignLetters) {
 
 TEST_F(LoadingTheDll, AHundredTimesLeavesNoHandlesAndLittleMemory) {
   const auto round = [this] {
-    fs::remove_all(data.path / "bak");
+    fs::remove_all(data.Path() / "bak");
     engine.log.clear();
     engine.errors.clear();
     LoadAndUse(GUI_MODULE_FILE, engine);
