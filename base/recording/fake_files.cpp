@@ -22,6 +22,4 @@ void FakeFiles::AddText(StringView name, StringView text) {
   Add(name, {utf8.begin(), utf8.end()});
 }
 
-void FakeFiles::Remove(StringView name) { files_.erase(FileKey(name)); }
-
 }  // namespace qen::base

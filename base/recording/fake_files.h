@@ -15,7 +15,6 @@ class QEN_API FakeFiles final : public IFileBackend {
 
   void Add(StringView name, std::vector<std::uint8_t> bytes);
   void AddText(StringView name, StringView text);  // as UTF-8, without a mark
-  void Remove(StringView name);
 
   std::vector<String> reads;  // every name asked for, as it was written
 
