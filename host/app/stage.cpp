@@ -21,6 +21,8 @@ namespace qen::host {
 namespace {
 
 constexpr std::int32_t kLongestWait = 600;  // steps
+constexpr Char kUpKey = 38;
+constexpr Char kDownKey = 40;
 
 WindowOptions ToWindowOptions(const Options& options, const StageOptions& stageOptions) {
   return {.title = std::filesystem::path(options.description).filename().string(),
@@ -110,6 +112,24 @@ void Stage::Send(std::uint32_t id, std::uint32_t first, std::uintptr_t second) {
   System::daemon->ProcMsg(id, first, second, category::kGui);
 }
 
+void Stage::SendInput(std::uint32_t id, std::uint32_t value) {
+  Send(id, value);
+  Deliver();
+}
+
+void Stage::SendWheel(std::int32_t amount) {
+  if (FindEditedText(Gui()) == nullptr) SendInput(message::kWheel, static_cast<std::uint16_t>(amount));
+}
+
+void Stage::SendKey(Char code) {
+  const bool steps = code == kUpKey || code == kDownKey;
+  if (!steps || FindEditedText(Gui()) == nullptr) SendInput(message::kKey, code);
+}
+
+void Stage::SendText(StringView text) {
+  for (const Char unit : text) SendInput(message::kKey, unit);
+}
+
 void Stage::MoveCursor(base::Point client) {
   const base::Point origin = window_.ClientOrigin();
   window_.SetCursor({origin.x + client.x, origin.y + client.y});
@@ -123,9 +143,10 @@ void Stage::Resize() {
 
 void Stage::Update(double seconds) {
   clock_.Advance(seconds);
-  engine_.Animate();
+  // Input meets what was drawn last; a page that a delivery brings in is drawn where its entrance begins.
   Send(message::kFrame);
   Deliver();
+  engine_.Animate();
   PlaceTextField();
 }
 

@@ -72,11 +72,17 @@ class Stage {
   // Sends a message to the GUI.
   void Send(std::uint32_t id, std::uint32_t first = 0, std::uintptr_t second = 0);
 
+  // These deliver the commands that follow, which the next frame would drop when they are notifications. Wheel and step
+  // keys have the codes of characters, so neither is sent while a text is being edited.
+  void SendWheel(std::int32_t amount);  // positive towards the user, 120 a notch
+  void SendKey(Char code);              // a key of the keyboard: backspace, enter, up, down
+  void SendText(StringView text);       // what was typed
+
   // Puts the cursor on a point of the client area and tells the GUI.
   void MoveCursor(base::Point client);
 
   void Resize();                // to the window's size
-  void Update(double seconds);  // one frame without its picture; the seconds are for the manual clock
+  void Update(double seconds);  // one frame up to its picture; the seconds are for the manual clock
   void Deliver();               // the commands that wait
   void Draw();                  // the picture
   void DrawHidden();            // all of it but the picture, which WritePicture makes up for
@@ -88,6 +94,7 @@ class Stage {
 
  private:
   void Load(const Options& options);
+  void SendInput(std::uint32_t id, std::uint32_t value);
   void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
   void ShowFirstPage(StringView name) const;

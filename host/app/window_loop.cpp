@@ -82,7 +82,6 @@ class WindowLoop {
   }
 
   void Handle(const InputEvent& event) {
-    const auto value = static_cast<std::uint32_t>(event.value);
     switch (event.kind) {
       case InputKind::MouseMove:
         return stage_.Send(message::kMouseMove, 0, Pack(event.cursor));
@@ -91,9 +90,11 @@ class WindowLoop {
       case InputKind::ButtonUp:
         return stage_.Send(message::kButtonUp, ToButton(event.value), Pack(event.cursor));
       case InputKind::Wheel:
-        return stage_.Send(message::kWheel, value & 0xFFFFU);
+        return stage_.SendWheel(event.value);
       case InputKind::Key:
-        return stage_.Send(message::kKey, value);
+        return stage_.SendKey(static_cast<Char>(event.value));
+      case InputKind::Text:
+        return stage_.SendText(String(1, static_cast<Char>(event.value)));
       case InputKind::Special:
         return HandleSpecial(event);
       case InputKind::Resize:

@@ -49,17 +49,17 @@ int Click(ScriptWorld& world, lua_State* state) {
 }
 
 int Wheel(ScriptWorld& world, lua_State* state) {
-  world.GetStage().Send(message::kWheel, static_cast<std::uint16_t>(IntegerArgument(state, 1)));
+  world.GetStage().SendWheel(IntegerArgument(state, 1));
   return 0;
 }
 
 int Key(ScriptWorld& world, lua_State* state) {
-  world.GetStage().Send(message::kKey, static_cast<std::uint16_t>(IntegerArgument(state, 1)));
+  world.GetStage().SendKey(static_cast<Char>(IntegerArgument(state, 1)));
   return 0;
 }
 
 int Type(ScriptWorld& world, lua_State* state) {
-  for (const Char unit : WideArgument(state, 1)) world.GetStage().Send(message::kKey, unit);
+  world.GetStage().SendText(WideArgument(state, 1));
   return 0;
 }
 

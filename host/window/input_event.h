@@ -12,8 +12,9 @@ enum class InputKind : std::uint8_t {
   ButtonDown,  // value: button, 1 left, 2 right, 3 middle
   ButtonUp,    // value: button; comes exactly once after each ButtonDown
   Wheel,       // value: 120 towards the user, -120 away from the user; one event a notch
-  Key,         // value: 8 backspace, 13 enter, 38 up, 40 down, else a UTF-16 unit of typed text
-  Special,     // value: SDL_Keycode of a key that makes no text and is none of the four above, or of Alt+Enter
+  Key,         // value: 8 backspace, 13 enter, 38 up, 40 down
+  Text,        // value: a UTF-16 unit of typed text
+  Special,     // value: SDL_Keycode of a key that makes no text and is none of those four, or of Alt+Enter
   Resize,      // the client area has a new size
   FocusLost,   // the keyboard went to another window
   Quit,

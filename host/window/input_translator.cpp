@@ -103,7 +103,7 @@ void InputTranslator::OnKeyDown(const SDL_Keysym& key, Events& out) {
 
 void InputTranslator::OnText(const char* utf8, Events& out) {
   composition_.clear();
-  for (const Char unit : base::ToUtf16(utf8)) Add(out, InputKind::Key, unit);
+  for (const Char unit : base::ToUtf16(utf8)) Add(out, InputKind::Text, unit);
 }
 
 void InputTranslator::OnWindow(const SDL_WindowEvent& event, Events& out) {

@@ -152,7 +152,7 @@ TEST_F(InputTranslatorTest, KeysThatMakeTextWaitForTheText) {
   Press(SDLK_EXCLAIM);
   EXPECT_EQ(Take(), Expected{});
   Text(SDL_TEXTINPUT, "aé\xF0\x9D\x84\x9E");  // the last one outside the first plane
-  EXPECT_EQ(Take(), (Expected{{Kind::Key, 'a'}, {Kind::Key, 0xE9}, {Kind::Key, 0xD834}, {Kind::Key, 0xDD1E}}));
+  EXPECT_EQ(Take(), (Expected{{Kind::Text, 'a'}, {Kind::Text, 0xE9}, {Kind::Text, 0xD834}, {Kind::Text, 0xDD1E}}));
 }
 
 TEST_F(InputTranslatorTest, OtherKeysAreForTheProgram) {

@@ -83,9 +83,10 @@ void GuiTest::Send(std::uint32_t id, std::uint32_t first, const void* second) {
 }
 
 void GuiTest::Frame(double seconds) {
-  engine.Animate(seconds);
+  engine.clock.Advance(seconds);
   Send(message::kFrame);
   Deliver();
+  engine.Animate(0.0);
 }
 
 void GuiTest::MoveTo(base::Point client) {

@@ -93,7 +93,7 @@ class GuiTest : public ::testing::Test {
   void ShowOnly(std::uint32_t page);
 
   void Send(std::uint32_t id, std::uint32_t first = 0, const void* second = nullptr);
-  void Frame(double seconds = 1.0 / 60);  // animates, updates, delivers
+  void Frame(double seconds = 1.0 / 60);  // updates, delivers, animates
   void Deliver() { Send(message::kDeliverQueue); }
   void Press() { Send(message::kButtonDown, 1); }
   void ReleaseButton() { Send(message::kButtonUp, 1); }
