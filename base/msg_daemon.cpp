@@ -18,6 +18,20 @@ StringView CommandText(std::uint32_t id, std::uintptr_t second) {
 
 }  // namespace
 
+// Counts the deliveries in progress, also when a handler throws.
+class MsgDaemon::Delivery {
+ public:
+  explicit Delivery(MsgDaemon& daemon) : daemon_(daemon) { ++daemon_.depth_; }
+  ~Delivery() {
+    if (--daemon_.depth_ == 0) daemon_.DropRemoved();
+  }
+  Delivery(const Delivery&) = delete;
+  Delivery& operator=(const Delivery&) = delete;
+
+ private:
+  MsgDaemon& daemon_;
+};
+
 void MsgDaemon::AddHandler(Object* handler, std::uint32_t category) {
   base::Record("MsgDaemon::AddHandler", category);
   if (handler == nullptr || category == 0) return;
@@ -44,7 +58,7 @@ std::int32_t MsgDaemon::ProcMsg(std::uint32_t id, std::uint32_t first, std::uint
   if (base::IsRecording()) base::Record("MsgDaemon::ProcMsg", id, first, CommandText(id, second), category);
   const Msg message{id, first, second};
   std::int32_t answer = 0;
-  ++depth_;
+  const Delivery delivery(*this);
   // By index and to the present end: handlers that register meanwhile may move the entries and wait for the next
   // message.
   const std::size_t count = entries_.size();
@@ -54,7 +68,6 @@ std::int32_t MsgDaemon::ProcMsg(std::uint32_t id, std::uint32_t first, std::uint
     const std::int32_t reply = entry.handler->OnMessage(message);
     if (reply != 0) answer = reply;
   }
-  if (--depth_ == 0) DropRemoved();
   return answer;
 }
 

@@ -10,6 +10,12 @@
 #include "engine/system.h"
 
 namespace qen {
+namespace {
+
+// Notifications are news: nobody has to take them, so each is delivered once.
+std::uint8_t HandledWhenQueued(std::uint32_t id) { return id == message::kNotification ? 1 : 0; }
+
+}  // namespace
 
 CGUIMessageCollector& MessageCollector() {
   static CGUIMessageCollector collector;
@@ -19,7 +25,7 @@ CGUIMessageCollector& MessageCollector() {
 void CGUIMessageCollector::Post(std::uint32_t id, GuiMessage& record) {
   if (record.command == command::kSetPage) return ExpandSetPage(id, record);
   if (record.command == command::kUndoPage) return ExpandUndoPage(id, record);
-  record.handled = id == message::kNotification ? 1 : 0;
+  record.handled = HandledWhenQueued(id);
   record.snapshot = 1;
   Append(id, record);
 }
@@ -38,6 +44,7 @@ void CGUIMessageCollector::AppendPageCommand(std::uint32_t id, const GuiMessage&
   record.value = origin.value;
   record.source = origin.source;
   record.page = origin.page;
+  record.handled = HandledWhenQueued(id);
   record.snapshot = snapshot ? 1 : 0;
   record.origin = 1;
   Append(id, record);
@@ -81,15 +88,26 @@ void CGUIMessageCollector::ForgetTheGone(Entry& entry) {
 
 void CGUIMessageCollector::Deliver() {
   if (delivering_ || System::daemon == nullptr) return;
+  DeliverCopy();
+  Purge();
+}
+
+void CGUIMessageCollector::DeliverCopy() {
+  // Also when a handler throws.
+  struct Ending {
+    bool& delivering;
+    ~Ending() { delivering = false; }
+  };
+  const Ending ending{delivering_};
   delivering_ = true;
+  cleared_ = false;
   delivered_ = queue_;
-  for (Entry& entry : delivered_) {
+  for (std::size_t i = 0; !cleared_ && i < delivered_.size(); ++i) {
+    Entry& entry = delivered_[i];
     ForgetTheGone(entry);
     System::daemon->ProcMsg(entry.id, 0, reinterpret_cast<std::uintptr_t>(&entry.record), category::kAll);
     StoreHandled(entry.serial, entry.record.handled);
   }
-  delivering_ = false;
-  Purge();
 }
 
 void CGUIMessageCollector::StoreHandled(std::uint64_t serial, std::uint8_t handled) {
@@ -110,6 +128,7 @@ void CGUIMessageCollector::Purge() {
 }
 
 void CGUIMessageCollector::Clear() {
+  cleared_ = true;
   queue_.clear();
   firstHandled_ = kNone;
 }

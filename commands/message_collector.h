@@ -27,11 +27,12 @@ class CGUIMessageCollector {
   // Offers every waiting record to every module, then drops the handled ones. What is posted meanwhile waits for the
   // next delivery; a delivery inside a delivery does nothing.
   void Deliver();
+  [[nodiscard]] bool IsDelivering() const { return delivering_; }
 
   // Drops the handled entries. Costs as much as there are entries from the first of these on.
   void Purge();
 
-  void Clear();
+  void Clear();  // ends a delivery in progress, too
 
  private:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -50,6 +51,7 @@ class CGUIMessageCollector {
   void RemoveActivePages(std::uint32_t id, const GuiMessage& origin, bool snapshot);
   void ExpandSetPage(std::uint32_t id, const GuiMessage& record);
   void ExpandUndoPage(std::uint32_t id, const GuiMessage& record);
+  void DeliverCopy();
   static void ForgetTheGone(Entry& entry);
   void StoreHandled(std::uint64_t serial, std::uint8_t handled);
 
@@ -58,6 +60,7 @@ class CGUIMessageCollector {
   std::size_t firstHandled_ = kNone;  // no entry before it is handled
   std::uint64_t nextSerial_ = 1;
   bool delivering_ = false;
+  bool cleared_ = false;  // since the last delivery began
   IPageLists* lists_ = nullptr;
 };
 

@@ -28,6 +28,8 @@ class QEN_API MsgDaemon {
     std::uint32_t category = 0;
   };
 
+  class Delivery;
+
   void DropRemoved();
 
   std::vector<Entry> entries_;

@@ -137,6 +137,23 @@ TEST_F(Reentrancy, AFrameInsideADeliveryKeepsTheFlagsWithTheirRecords) {
   EXPECT_EQ(listener.Texts(), (Words{u"word:2"}));
 }
 
+TEST_F(Reentrancy, ResetEndsTheDelivery) {
+  listener.onRecord = [this](std::uint32_t, GuiMessage&) { gui->Reset(); };
+  Click(*one);
+  EXPECT_EQ(listener.Texts(), (Words{u"word:0"}));
+}
+
+TEST_F(Reentrancy, AHandlerThatThrowsLocksNothing) {
+  listener.onRecord = [](std::uint32_t, GuiMessage&) { throw 1; };
+  EXPECT_THROW(Click(*one), int);
+  System::daemon->RemoveHandler(&listener, category::kAll);
+  System::daemon->AddHandler(&listener, 0x80000000U);
+  listener.records.clear();
+  listener.onRecord = [](std::uint32_t, GuiMessage& record) { record.handled = 1; };
+  Deliver();
+  EXPECT_EQ(listener.Texts(), (Words{u"word:0", u"word:1", u"word:2", u"word:3"}));
+}
+
 TEST_F(Reentrancy, ResetReleaseAndLoadInsideADelivery) {
   AddText(u"gui.txt", u"name s.txt");
   const std::function<void()> deeds[] = {[this] { gui->Reset(); }, [this] { gui->Release(); },

@@ -182,6 +182,12 @@ TEST_F(SlideBar, NotificationsChangeNoWidget) {
   Pick(OnX(0.5), 1);
   EXPECT_EQ(Dispatched(), "n");
   EXPECT_EQ(y->info->disabled, 0U);
+
+  listener.onRecord = {};
+  x->info->messages.back()->text = u"setpage:s.glb";
+  Pick(OnX(0.5), 1);
+  EXPECT_EQ(Dispatched(), "nnnn") << "what a change of pages stands for";
+  EXPECT_EQ(Dispatched(), "") << "is news as well";
 }
 
 }  // namespace
