@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "engine/types.h"
 
@@ -21,8 +22,7 @@ class IPageBuilder {
   virtual void SetSound(std::int32_t kind, const String& file) = 0;  // sound_kind
   virtual void Build() = 0;                                          // the scene instance, then the widgets
 
-  // The first widget of that lower-case name; null when there is none. Logs nothing.
-  virtual ICGUIObject* FindWidget(const String& name) = 0;
+  virtual const std::vector<ICGUIObject*>& Widgets() const = 0;
 
  protected:
   IPageBuilder() = default;

@@ -3,12 +3,15 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <unordered_map>
 
 #include "definitions/definition_text.h"
 #include "definitions/item_reader.h"
 #include "definitions/page_builder.h"
 #include "definitions/stopwatch.h"
+#include "engine/gui_object.h"
 #include "engine/gui_page_object.h"
+#include "engine/item_info.h"
 #include "engine/output.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
@@ -62,6 +65,16 @@ void ReadKeys(CGUIParser& parser, std::span<const HeaderKey> keys, Header& heade
   }
 }
 
+using WidgetsByName = std::unordered_map<String, ICGUIObject*>;
+
+// The first widget of each name.
+WidgetsByName IndexByName(const std::vector<ICGUIObject*>& widgets) {
+  WidgetsByName index;
+  index.reserve(widgets.size());
+  for (ICGUIObject* widget : widgets) index.try_emplace(widget->info->name, widget);
+  return index;
+}
+
 }  // namespace
 
 bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
@@ -89,13 +102,14 @@ bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
 }
 
 bool ReadPageItems(const String& text, IPageBuilder& page) {
+  const WidgetsByName widgets = IndexByName(page.Widgets());
   DefinitionPass pass(text);
   CGUIParser& parser = pass.parser;
   parser.NextToken();
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
     if (token != u"item") continue;
-    const String name = parser.NextToken();
-    ReadItemBlock(parser, page.FindWidget(ttolowercase(name)));
+    const auto found = widgets.find(ttolowercase(parser.NextToken()));
+    ReadItemBlock(parser, found != widgets.end() ? found->second : nullptr);
   }
   return parser.ok;
 }

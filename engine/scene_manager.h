@@ -42,14 +42,15 @@ class ISceneMng {
   virtual ~ISceneMng() = default;
 
   virtual bool CreateScene(const String& scene, bool enabled) = 0;    // false when the name is taken
-  virtual void DestroyScene(const String& scene) = 0;                 // with its instances; its lights are let go
+  virtual void DestroyScene(const String& scene) = 0;                 // with its instances, without its lights
   virtual void DisableScene(const String& scene, bool disabled) = 0;  // as InstanceBase::Disable does its instances
 
   // Registers a loaded scene, which stays the caller's. False when the name is taken or the scene null.
   virtual bool AddSimpleScene(const String& name, SimpleScene* scene) = 0;
   virtual void RemoveSimpleScene(const String& name) = 0;
 
-  // The light stays the caller's and must outlive the scene. False when the scene does not exist.
+  // The light stays the caller's, who may free it right before the scene: DestroyInstance, RemoveSimpleScene and
+  // DestroyScene do not look at lights. False when the scene does not exist.
   virtual bool AddLight(const String& scene, Light* light, const AttachDesc& attach) = 0;
 
   // Puts an instance of a registered scene into a scene. Returns its id, negative on failure.

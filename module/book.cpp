@@ -15,6 +15,8 @@ CGUIBook::CGUIBook() {
 
 CGUIBook::~CGUIBook() { MessageCollector().SetPageLists(nullptr); }
 
+bool CGUIBook::IsBusy() const { return busy_ > 0 || MessageCollector().IsDelivering(); }
+
 void CGUIBook::Release() {
   const Busy busy(*this);
   renderPages_.clear();

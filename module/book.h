@@ -79,6 +79,8 @@ class CGUIBook final : public IGui, public Singleton<CGUIBook>, private IPageLis
   void Reset() override;
   Viewport* GetViewport() override { return viewport_; }
 
+  [[nodiscard]] bool IsBusy() const;  // its code runs, or a delivery that it began
+
  private:
   struct Cursor {
     std::int32_t x = 0;

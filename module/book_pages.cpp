@@ -130,6 +130,7 @@ std::vector<ICGUIObject*> CGUIBook::GetPageItems(std::uint32_t page) {
 }
 
 std::int32_t CGUIBook::FindPage(String name) {
+  if (name.empty()) return -1;  // pages that did not load have no name
   const auto found =
       std::find_if(pages_.begin(), pages_.end(), [&name](const auto& page) { return page->baseName == name; });
   return found != pages_.end() ? static_cast<std::int32_t>(found - pages_.begin()) : -1;

@@ -5,6 +5,7 @@
 #include "engine/gui_module.h"
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
+#include "engine/output.h"
 #include "engine/system.h"
 #include "module/book.h"
 
@@ -37,6 +38,10 @@ GUI_EXPORT qen::IGui* ActivateDll() {
 }
 
 GUI_EXPORT void DeactivateDll() {
+  if (book != nullptr && book->IsBusy()) {
+    if (qen::System::output != nullptr) qen::System::output->PrintError(u"Gui is busy: not deactivated\n");
+    return;
+  }
   if (qen::System::daemon != nullptr) qen::System::daemon->RemoveHandler(book, qen::category::kAll);
   const std::unique_ptr<qen::CGUIBook> owned(book);
   if (owned) owned->Release();

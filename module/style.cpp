@@ -23,9 +23,14 @@ void GiveBack(Kept*& resource) {
 }  // namespace
 
 Style::~Style() {
+  forgotten_.push_back(resources_);
+  GiveBackForgotten();
+}
+
+void Style::GiveBackForgotten() {
   params_.RemoveTexture(TEXTURE_SLOT_1);
   for (Resources& resources : forgotten_) Destroy(resources);
-  Destroy(resources_);
+  forgotten_.clear();
 }
 
 void Style::Destroy(Resources& resources) {
@@ -38,11 +43,13 @@ void Style::DestroyFont() { GiveBack<FontManager>(resources_.font); }
 
 void Style::ForgetFile() {
   fileName_.clear();
-  forgotten_.push_back({.font = std::exchange(resources_.font, nullptr)});
+  if (resources_.font != nullptr) forgotten_.push_back({.font = std::exchange(resources_.font, nullptr)});
 }
 
 bool Style::Load(const Char* file) {
   forgotten_.push_back(std::exchange(resources_, {}));
+  // Before the new ones are made, or the texture manager would give the old picture again.
+  GiveBackForgotten();
   fileName_ = file != nullptr ? file : u"";
   settings_.font = DefaultStyleFont();
   bool tooShort = false;

@@ -44,11 +44,12 @@ class Style {
   };
 
   static void Destroy(Resources& resources);
+  void GiveBackForgotten();
 
   String fileName_;
   StyleSettings settings_;
   Resources resources_;
-  std::vector<Resources> forgotten_;  // given back with the style
+  std::vector<Resources> forgotten_;  // given back by the next loading
   MaterialParams params_;
 };
 

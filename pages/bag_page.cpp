@@ -84,7 +84,6 @@ void CGUIBagPage::SortSlots() {
     items = unsorted;
     ExchangePairs(items);
   }
-  IndexWidgets();
 }
 
 void CGUIBagPage::CountSlots() { slotCount = static_cast<std::int32_t>(std::max(items.size(), entries_.size())); }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 #include "definitions/definition_file.h"
 #include "definitions/definition_text.h"
@@ -63,7 +62,7 @@ SimpleScene* CGUIPage::LoadPage(const Char* file, std::uint32_t newKind) {
   Unload();
   ResetForLoading(file, newKind);
   light_.reset();
-  sounds_.ForgetHandles();
+  sounds_.GiveBack();
   bool tooShort = false;
   const std::optional<String> text = LoadMarkedDefinitionText(fileName.c_str(), tooShort);
   if (!text) return nullptr;
@@ -114,8 +113,7 @@ PickResult* CGUIPage::Pick(Viewport* viewport, std::uint32_t x, std::uint32_t y,
 void CGUIPage::Render(Viewport* viewport) {
   if (viewport == nullptr) return;
   PageRenderer(*this, *viewport, WidgetDrawing::AsFlagged, lights_).Draw();
-  // A client may take itself or others off the list while it draws.
-  for (std::size_t i = 0; i < renderClients.size(); ++i) renderClients[i]->Draw();
+  clients_.ForEach(&RenderClient::Draw);
 }
 
 bool CGUIPage::Save(const Char* file) {
@@ -129,16 +127,18 @@ bool CGUIPage::Save(const Char* file) {
 }
 
 void CGUIPage::Unload() {
-  if (scene == nullptr) return;
+  if (scene == nullptr || unloading_) return;
+  unloading_ = true;
   ReleaseWidgets();
   ReleaseAnimations();
-  const std::vector<RenderClient*> clients = std::exchange(renderClients, {});
-  for (RenderClient* client : clients) client->Detach();
+  clients_.ForEach(&RenderClient::Detach);
+  renderClients.clear();
   lights_.clear();
   light_.reset();
   DestroySceneEntries();
   DeleteScene();
   sounds_.Release();
+  unloading_ = false;
 }
 
 ICGUIObject* CGUIPage::Focused() const {
@@ -186,15 +186,10 @@ IBagEntry* CGUIPage::GetSelectedBagItem() { return nullptr; }
 
 void CGUIPage::PlaySound(const void* object, std::int32_t soundKind) { sounds_.Play(object, soundKind); }
 
-void CGUIPage::RegisterRenderObject(RenderClient* client) {
-  if (client != nullptr) renderClients.push_back(client);
-}
+void CGUIPage::RegisterRenderObject(RenderClient* client) { clients_.Add(client); }
 
 void CGUIPage::UnregisterRenderObject(RenderClient* client) {
-  const auto found = std::find(renderClients.begin(), renderClients.end(), client);
-  if (found != renderClients.end()) {
-    renderClients.erase(found);
-  } else if (client != nullptr && System::output != nullptr) {
+  if (!clients_.Remove(client) && client != nullptr && System::output != nullptr) {
     System::output->PrintError(u"not unregistered object from render gui %s\n", client->GetName().c_str());
   }
 }

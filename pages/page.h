@@ -7,6 +7,7 @@
 #include "pages/page_base.h"
 #include "pages/page_sounds.h"
 #include "pages/pick_ray.h"
+#include "pages/render_clients.h"
 
 namespace qen {
 
@@ -48,6 +49,8 @@ class CGUIPage final : public PageBase {
   LightList lights_;       // the light, for drawing sub-scenes
   PickLine ray_ = kNoRay;  // of the last pick
   PageSounds sounds_;
+  RenderClients clients_{renderClients};
+  bool unloading_ = false;
 };
 
 }  // namespace qen

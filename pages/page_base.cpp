@@ -1,6 +1,7 @@
 #include "pages/page_base.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "engine/anim_ctrl.h"
 #include "engine/gui_object.h"
@@ -20,6 +21,11 @@ constexpr std::size_t kFirstWidgets = 16;  // room for so many from the start
 
 StringView Text(const Char* text) { return text != nullptr ? StringView(text) : StringView(); }
 
+// Asks for the present name, which the host may have changed.
+auto Named(StringView wanted) {
+  return [wanted](const ICGUIObject* widget) { return widget->info->name == wanted; };
+}
+
 }  // namespace
 
 PageBase::PageBase(const char* owner, std::int32_t line) : owner_(owner), line_(line) {}
@@ -27,7 +33,7 @@ PageBase::PageBase(const char* owner, std::int32_t line) : owner_(owner), line_(
 PageBase::~PageBase() {
   ReleaseWidgets();
   ReleaseAnimations();
-  names_.Forget(*this);
+  names_.Release(*this);
 }
 
 void PageBase::ResetForLoading(const Char* file, std::uint32_t newKind) {
@@ -93,7 +99,6 @@ void PageBase::CreateWidgets() {
     const String& nodeName = nodes[i]->name;
     if (!nodeName.empty() && nodeName.front() == kWidgetMark) CreateWidget(nodeName);
   }
-  IndexWidgets();
 }
 
 void PageBase::CreateWidget(const String& nodeName) {
@@ -112,38 +117,16 @@ void PageBase::CreateWidget(const String& nodeName) {
   ownedWidgets_.push_back({std::move(info), std::move(widget)});
 }
 
-void PageBase::IndexWidgets() {
-  widgetsByName_ = items;
-  std::stable_sort(widgetsByName_.begin(), widgetsByName_.end(),
-                   [](const ICGUIObject* a, const ICGUIObject* b) { return a->info->name < b->info->name; });
-}
-
-std::pair<std::vector<ICGUIObject*>::const_iterator, std::vector<ICGUIObject*>::const_iterator> PageBase::WidgetsNamed(
-    StringView wanted) const {
-  const auto first = std::lower_bound(widgetsByName_.begin(), widgetsByName_.end(), wanted,
-                                      [](const ICGUIObject* widget, StringView n) { return widget->info->name < n; });
-  auto last = first;
-  while (last != widgetsByName_.end() && (*last)->info->name == wanted) ++last;
-  return {first, last};
-}
-
-ICGUIObject* PageBase::FindWidget(const String& wanted) {
-  const auto [first, last] = WidgetsNamed(wanted);
-  return first != last ? *first : nullptr;
-}
-
 void PageBase::AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const {
-  const auto [first, last] = WidgetsNamed(wanted);
-  found.insert(found.end(), first, last);
+  std::copy_if(items.begin(), items.end(), std::back_inserter(found), Named(wanted));
 }
 
 ICGUIObject* PageBase::FindItem(const Char* wanted) {
   const String text(Text(wanted));
-  ICGUIObject* found = FindWidget(text);
-  if (found == nullptr && System::output != nullptr) {
-    System::output->PrintError(u"Gui object not found %s\n", text.c_str());
-  }
-  return found;
+  const auto found = std::find_if(items.begin(), items.end(), Named(text));
+  if (found != items.end()) return *found;
+  if (System::output != nullptr) System::output->PrintError(u"Gui object not found %s\n", text.c_str());
+  return nullptr;
 }
 
 ICGUIAnim* PageBase::PlayAnim(std::int32_t position, bool loop) {
@@ -167,14 +150,13 @@ std::int32_t PageBase::NextObjectId() { return static_cast<std::int32_t>(nextObj
 
 TMNode* PageBase::FindNode(const Char* wanted) {
   TMNode* node = scene != nullptr ? scene->FindMapNode(String(Text(wanted))) : nullptr;
-  return nodeIndex_.NodePosition(node) >= 0 ? node : nullptr;
+  return node != nullptr && node->position < scene->GetNumNodesInRefFile() ? node : nullptr;
 }
 
 Matrix4x4* PageBase::FindNodeMatrix(const Char* wanted) {
-  const std::int32_t position = nodeIndex_.NodePosition(FindNode(wanted));
-  if (position < 0 || instance == nullptr) return nullptr;
-  const auto index = static_cast<std::size_t>(position);
-  return index < instance->nodeMatrices.size() ? &instance->nodeMatrices[index] : nullptr;
+  const TMNode* node = FindNode(wanted);
+  if (node == nullptr || instance == nullptr) return nullptr;
+  return node->position < instance->nodeMatrices.size() ? &instance->nodeMatrices[node->position] : nullptr;
 }
 
 void PageBase::Disable(bool disabled) {
@@ -191,7 +173,6 @@ void PageBase::LoseScene() {
 void PageBase::ReleaseWidgets() {
   for (OwnedWidget& owned : ownedWidgets_) owned.widget->Release();
   items.clear();
-  widgetsByName_.clear();
   ownedWidgets_.clear();
 }
 
@@ -201,7 +182,8 @@ void PageBase::ReleaseAnimations() {
 }
 
 void PageBase::DestroySceneEntries() {
-  if (System::sceneMng != nullptr) {
+  // What another page has taken over is that page's to destroy.
+  if (System::sceneMng != nullptr && !names_.AreAnothers(*this)) {
     System::sceneMng->DestroyInstance(instanceId);
     System::sceneMng->RemoveSimpleScene(names_.GuiScene());
     System::sceneMng->DestroyScene(names_.Scene());

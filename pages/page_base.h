@@ -27,7 +27,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void StopAnims() override;
   ICGUIObject* FindItem(const Char* wanted) override;
 
-  // Appends every widget of that name, in widget order.
+  // Appends every widget that now has the name, in widget order.
   void AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const;
 
   // The child of a node whose name begins with the word, letter case aside, and its position. On a miss false, null,
@@ -42,7 +42,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void SetAnimIn(std::int32_t animation) override { animIn = animation; }
   void SetAnimOut(std::int32_t animation) override { animOut = animation; }
   void Build() override;
-  ICGUIObject* FindWidget(const String& wanted) override;
+  const std::vector<ICGUIObject*>& Widgets() const override { return items; }
 
  protected:
   // `owner` and `line` name the class in the engine's log.
@@ -56,8 +56,6 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   virtual void SceneLoaded() {}      // behind the registration of the scene
   virtual void InstanceCreated() {}  // behind the hiding of the new instance
   virtual void WidgetCreated(ICGUIObject& widget) = 0;
-
-  void IndexWidgets();  // after a change of the widgets' order
 
   [[nodiscard]] const NodeIndex& Nodes() const { return nodeIndex_; }
   [[nodiscard]] const String& SceneName() const { return names_.Scene(); }
@@ -77,8 +75,6 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void CreateSceneInstance();
   void CreateWidgets();
   void CreateWidget(const String& nodeName);
-  [[nodiscard]] std::pair<std::vector<ICGUIObject*>::const_iterator, std::vector<ICGUIObject*>::const_iterator>
-  WidgetsNamed(StringView wanted) const;
 
   LiveMark alive_{static_cast<ICGUIPageObject*>(this)};
   const char* owner_;
@@ -88,7 +84,6 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   NodeIndex nodeIndex_;
   std::vector<std::unique_ptr<CGUIAnim>> ownedAnims_;
   std::vector<OwnedWidget> ownedWidgets_;
-  std::vector<ICGUIObject*> widgetsByName_;  // sorted by name, equal ones in widget order
   std::uint32_t nextObjectId_ = 0;
 };
 

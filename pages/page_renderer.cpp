@@ -48,7 +48,7 @@ void PageRenderer::DrawNode(const TMNode& node, std::size_t position) {
   const AABB box = node.mesh != nullptr ? node.mesh->GetAABB() : AABB{};
   const Matrix4x4 world = page_.instance->nodeMatrices[position] * page_.instance->GetTM();
   if (info != nullptr && !DrawWidget(*info, world, box)) return;
-  if (node.mesh != nullptr) SubmitMesh(*node.mesh, world);
+  if (page_.instance != nullptr && node.mesh != nullptr) SubmitMesh(*node.mesh, world);
 }
 
 // True when the node's mesh is to be drawn as well.

@@ -1,5 +1,6 @@
 #include "pages/page_sounds.h"
 
+#include "commands/live_objects.h"
 #include "engine/gui_page_object.h"
 #include "engine/system.h"
 
@@ -8,9 +9,18 @@ namespace {
 
 constexpr std::int32_t kSample = 2;  // kept in memory
 
-const void* lastSoundObject = nullptr;
+// Known by its address and, when it is a page or a widget, by the number that tells it from others that were there.
+struct SoundObject {
+  const void* address = nullptr;
+  std::uint64_t serial = 0;
+  friend bool operator==(const SoundObject&, const SoundObject&) = default;
+};
+
+SoundObject lastSoundObject;
 
 }  // namespace
+
+PageSounds::~PageSounds() { GiveBack(); }
 
 void PageSounds::Set(std::int32_t kind, const String& file) {
   const auto index = static_cast<std::size_t>(kind);
@@ -20,7 +30,8 @@ void PageSounds::Set(std::int32_t kind, const String& file) {
   handles_[index] = System::sound->CreateSound(file.c_str(), SoundDesc{}, kSample);
 }
 
-void PageSounds::Play(const void* object, std::int32_t kind) const {
+void PageSounds::Play(const void* address, std::int32_t kind) const {
+  const SoundObject object{address, LiveSerial(address)};
   if (System::sound == nullptr) {
     lastSoundObject = object;
     return;
@@ -37,7 +48,14 @@ void PageSounds::Release() {
   for (const std::int32_t kind : {sound_kind::kClick, sound_kind::kMouse, sound_kind::kAnimIn, sound_kind::kAnimOut}) {
     System::sound->ReleaseSound(handles_[static_cast<std::size_t>(kind)]);
   }
-  ForgetHandles();
+  handles_ = {};
+}
+
+void PageSounds::GiveBack() {
+  for (SoundHandle& handle : handles_) {
+    if (handle != 0 && System::sound != nullptr) System::sound->ReleaseSound(handle);
+    handle = 0;
+  }
 }
 
 }  // namespace qen

@@ -11,6 +11,11 @@ namespace qen {
 
 class PageSounds {
  public:
+  PageSounds() = default;
+  ~PageSounds();
+  PageSounds(const PageSounds&) = delete;
+  PageSounds& operator=(const PageSounds&) = delete;
+
   // Remembers the file name and loads it, when there is a sound service. Kinds are sound_kind's.
   void Set(std::int32_t kind, const String& file);
 
@@ -18,8 +23,8 @@ class PageSounds {
   // any page. Other kinds do nothing.
   void Play(const void* object, std::int32_t kind) const;
 
-  void Release();  // gives the sounds back; the file names stay
-  void ForgetHandles() { handles_ = {}; }
+  void Release();   // gives all four back, those too that were not made; the file names stay
+  void GiveBack();  // gives back those that were made
   [[nodiscard]] const String& FileName(std::int32_t kind) const { return files_[static_cast<std::size_t>(kind)]; }
 
  private:

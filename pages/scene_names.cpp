@@ -21,16 +21,14 @@ void SceneNames::Claim(const String& file, ISceneUser& user) {
   holder = &user;
 }
 
-void SceneNames::Release(ISceneUser& user) {
-  const auto found = Holders().find(baseName_);
-  if (found == Holders().end()) return;
-  if (found->second != &user) found->second->LoseScene();
-  Holders().erase(found);
-}
-
-void SceneNames::Forget(ISceneUser& user) {
+void SceneNames::Release(const ISceneUser& user) {
   const auto found = Holders().find(baseName_);
   if (found != Holders().end() && found->second == &user) Holders().erase(found);
+}
+
+bool SceneNames::AreAnothers(const ISceneUser& user) const {
+  const auto found = Holders().find(baseName_);
+  return found != Holders().end() && found->second != &user;
 }
 
 }  // namespace qen

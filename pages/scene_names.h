@@ -23,11 +23,10 @@ class SceneNames {
   // Takes the names from a scene file name and makes `user` their holder.
   void Claim(const String& file, ISceneUser& user);
 
-  // Gives the names up. Another page that holds them loses its scene.
-  void Release(ISceneUser& user);
+  // Gives the names up, if `user` holds them.
+  void Release(const ISceneUser& user);
 
-  // Only makes sure that `user` is not told any more.
-  void Forget(ISceneUser& user);
+  [[nodiscard]] bool AreAnothers(const ISceneUser& user) const;  // another page has taken them since
 
   [[nodiscard]] const String& BaseName() const { return baseName_; }  // behind the last backslash
   [[nodiscard]] const String& GuiScene() const { return guiScene_; }  // of the loaded scene

@@ -10,6 +10,7 @@ void CGUIAnim::Init(SimpleSceneInstance* const& instance, std::int32_t index, co
   instance_ = &instance;
   record_ = {};
   record_.type = widget_type::kAnim;
+  record_.tooltip = 0;
   info = &record_;
   animationIndex = index;
   playing = 0;

@@ -14,6 +14,7 @@ class CGUIItem : public ICGUIItem {
     record_.type = widget_type::kItem;
     info = &record_;
     owner = list;
+    page = list->page;
     name = displayText = u"NewItem";
   }
 

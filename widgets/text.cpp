@@ -36,6 +36,11 @@ bool Takes(const String& text, Char key, std::int32_t maxChars) {
   return text.size() + (IsHighSurrogate(key) ? 2 : 1) <= room;
 }
 
+// The first unit of a pair whose second one did not come.
+void DropHalf(String& text, Char nextKey) {
+  if (!text.empty() && IsHighSurrogate(text.back()) && !IsLowSurrogate(nextKey)) text.pop_back();
+}
+
 void RemoveLastCharacter(String& text) {
   if (text.empty()) return;
   const bool pair = text.size() > 1 && IsLowSurrogate(text.back()) && IsHighSurrogate(text[text.size() - 2]);
@@ -120,6 +125,7 @@ PickResult* CGUIText::Update(const Ray& ray) {
 }
 
 void CGUIText::TakeKey() {
+  if (info->key != 0) DropHalf(editText_, info->key);
   switch (info->key) {
     case 0:
       break;

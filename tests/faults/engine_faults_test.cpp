@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "engine/gui_page_object.h"
+#include "engine/scene.h"
+#include "engine/scene_node.h"
 #include "engine/system.h"
 #include "tests/faults/failing_engine.h"
 #include "tests/faults/sample_tour.h"
@@ -29,9 +31,22 @@ std::size_t CountDifferences(const std::vector<std::string>& some, const std::ve
 constexpr std::size_t kStep = 16;
 constexpr std::size_t kShards = 4;
 
+// Also of a scene that could not be registered.
+bool FindsTheNodesOfScenes(IGui& gui) {
+  for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
+    ICGUIPageObject& page = *gui.GetPage(i);
+    if (page.scene == nullptr) continue;
+    for (const TMNode* node : page.scene->GetNodes()) {
+      if (page.FindNode(node->name.c_str()) == nullptr) return false;
+    }
+  }
+  return true;
+}
+
 // What came of a run: the sample is loaded, played with and unloaded, then loaded again and looked at.
 struct Played {
   bool loaded = false;
+  bool findsNodes = false;
   bool struck = false;
   std::vector<const char*> calls;  // of the first life, which is the one that the fault is in
   std::vector<std::string> atFirst;
@@ -46,6 +61,7 @@ Played Play(std::size_t struckCall, const std::function<void(FailingEngine&)>& p
   SampleGui& sample = engine.sample;
   sample.Activate();
   played.loaded = sample.Load();
+  played.findsNodes = FindsTheNodesOfScenes(*sample.gui);
   PlayTour(sample);
   played.atFirst = Describe(sample);
   sample.gui->Reset();
@@ -93,6 +109,7 @@ TEST_P(OneFault, SpoilsLittleAndLeavesNothing) {
     SCOPED_TRACE("call " + std::to_string(number) + ", " + sound.calls[number - 1]);
     const Played run = Play(number);
     EXPECT_TRUE(run.struck);
+    EXPECT_TRUE(run.findsNodes);
     EXPECT_EQ(run.kept, "");
     EXPECT_EQ(run.afterwards, sound.afterwards);
     constexpr std::size_t kDescriptionCalls = 2;  // without its description the GUI is empty

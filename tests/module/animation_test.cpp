@@ -48,6 +48,7 @@ TEST_F(Animation, RefusesPositionsThatAreNone) {
 TEST_F(Animation, HandlesAskTheController) {
   engine.calls.clear();
   ICGUIAnim* in = page->anims[0];
+  EXPECT_EQ(in->info->tooltip, 0);
   in->SetFrame(7.5F);
   Frame(0.5);
   EXPECT_NEAR(Place().x, -67.5F, 0.01F) << "put there, it does not run";

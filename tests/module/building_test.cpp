@@ -101,6 +101,17 @@ TEST_F(Building, WidgetsWithoutTheirNodesAreInert) {
   }
 }
 
+TEST_F(Building, FindsWidgetsByTheirPresentNames) {
+  AddButtonPage(u"menu", {u"a", u"b", u"c"});
+  const ICGUIPageObject* page = OpenPage(u"menu.txt");
+  page->items[1]->info->name = u"~bz";
+  page->items[2]->info->name = u"~ba";
+  EXPECT_EQ(Find(u"~bz"), page->items[1]);
+  EXPECT_EQ(Find(u"~ba"), page->items[0]);
+  EXPECT_EQ(gui->FindObjects(u"~ba"), (std::vector<ICGUIObject*>{page->items[0], page->items[2]}));
+  EXPECT_EQ(Find(u"~bb"), nullptr);
+}
+
 TEST_F(Building, PagesOfTheSameBaseNameStaySafe) {
   AddButtonPage(u"same", {u"ok"}, u"anim_in move.glb");
   engine.AddAnimation(u"move.glb", base::MoveNode(u"~bok", {}, {0, 10, 0}, 1.0F));
@@ -116,6 +127,7 @@ TEST_F(Building, PagesOfTheSameBaseNameStaySafe) {
   Frame();
   DrawPages();
   EXPECT_EQ(first->FindNodeMatrix(u"~bok"), nullptr);
+  EXPECT_NE(gui->GetNodeMatrix(1, u"~bok"), nullptr) << "the scene is the second page's";
 }
 
 }  // namespace

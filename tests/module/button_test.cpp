@@ -83,6 +83,17 @@ TEST_F(Button, DisabledDoesNothing) {
   EXPECT_EQ(page->Pick(&engine.viewport, 0, 0, 0, 0, 0), nullptr);
 }
 
+TEST_F(Button, SoundsOnAPageThatWasLoadedAnew) {
+  for (std::size_t times = 1; times <= 5; ++times) {
+    Hover(*Find(u"~bok"));
+    Frame();
+    EXPECT_EQ(engine.sound.played.size(), times) << "wherever the new button lies in memory";
+    gui->Release();
+    OpenPage(u"menu.txt");
+    ShowOnly(0);
+  }
+}
+
 TEST_F(Button, SoundsOnceOnEnteringAndOnEachClick) {
   using Sounds = std::vector<std::string>;
   Hover(*ok);

@@ -14,10 +14,14 @@ class Client final : public RenderClient {
     journal_.push_back("draw " + Narrow(name_));
     if (onDraw) onDraw();
   }
-  void Detach() override { journal_.push_back("detach " + Narrow(name_)); }
+  void Detach() override {
+    journal_.push_back("detach " + Narrow(name_));
+    if (onDetach) onDetach();
+  }
   String GetName() override { return name_; }
 
   std::function<void()> onDraw;
+  std::function<void()> onDetach;
 
  private:
   std::vector<std::string>& journal_;
@@ -104,6 +108,51 @@ TEST_F(PageDrawing, CallsRenderClientsInOrderAndForgetsThemOnUnload) {
   page->Unload();
   page->Unload();
   EXPECT_EQ(journal, (std::vector<std::string>{"draw a", "draw b", "detach b"}));
+}
+
+TEST_F(PageDrawing, CallsRenderClientsOnceWhicheverComeAndGo) {
+  std::vector<std::string> journal;
+  Client a(journal, u"a");
+  Client b(journal, u"b");
+  Client c(journal, u"c");
+  Client late(journal, u"late");
+  for (Client* client : {&a, &b, &c}) page->RegisterRenderObject(client);
+  b.onDraw = [&] {
+    page->UnregisterRenderObject(&a);
+    page->UnregisterRenderObject(&b);
+    page->RegisterRenderObject(&late);
+  };
+  DrawPages();
+  EXPECT_EQ(journal, (std::vector<std::string>{"draw a", "draw b", "draw c", "draw late"}));
+
+  journal.clear();
+  c.onDetach = [&] {
+    EXPECT_EQ(page->renderClients.size(), 2U) << "forgotten when all have been told";
+    page->UnregisterRenderObject(&late);
+    page->Unload();
+  };
+  page->Unload();
+  EXPECT_EQ(journal, std::vector<std::string>{"detach c"});
+  EXPECT_TRUE(page->renderClients.empty());
+}
+
+TEST_F(PageDrawing, LetsAClientLoadTheGuiAnew) {
+  AddText(u"gui.txt", u"name s.txt");
+  std::vector<std::string> journal;
+  Client guest(journal, u"guest");
+  guest.onDraw = [this] {
+    module.Export<DeactivateDllFunction>(kDeactivateDll)();
+    gui->Release();
+    gui->Load(u"gui.txt", &engine.camera);
+  };
+  page->RegisterRenderObject(&guest);
+  DrawPages();
+  EXPECT_EQ(engine.errors, std::vector<String>{u"Gui is busy: not deactivated"});
+  EXPECT_EQ(journal, (std::vector<std::string>{"draw guest", "detach guest"}));
+  gui->SetViewport(&engine.viewport);
+  ShowOnly(0);
+  Frame();
+  EXPECT_TRUE(IsDrawn(u"normal_ok")) << "the old page has not taken the new one's scene with it";
 }
 
 TEST_F(PageDrawing, SurvivesAClientThatUnloadsEverything) {

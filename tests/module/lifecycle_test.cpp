@@ -74,8 +74,10 @@ TEST_F(Lifecycle, AnswersOutOfRangeIndexesWithNothing) {
 TEST_F(Lifecycle, ReleaseGivesEverythingBackAndTheGuiLoadsAgain) {
   AddButtonPage(u"menu", {u"ok", u"quit"}, u"onclickwav click.wav\n");
   engine.AddSound(u"click.wav");
+  AddText(u"sounds.txt", u"no scene, onclickwav click.wav");
   for (int i = 0; i < 3; ++i) {
     OpenPage(u"menu.txt");
+    OpenPage(u"sounds.txt");
     ShowOnly(0);
     DrawPages();
     gui->Release();

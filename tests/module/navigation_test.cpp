@@ -1,6 +1,7 @@
 // Page commands: expansion, order, waiting, undo.
 #include "engine/system.h"
 #include "tests/module/gui_fixture.h"
+#include "tests/module/widget_scenes.h"
 
 namespace qen::test {
 namespace {
@@ -76,6 +77,7 @@ TEST_F(Navigation, TheRestWaitsForTheExitAnimation) {
   }
   EXPECT_EQ(listener.records.size(), 9U) << "three records, offered three times";
   Frame(0.4);
+  Frame();
   EXPECT_EQ(Rendered(), (Pages{1}));
   EXPECT_EQ(Active(), (Pages{1}));
   EXPECT_NE(gui->GetPage(1)->GetPlayingAnim(), nullptr) << "and the new one comes in";
@@ -83,6 +85,27 @@ TEST_F(Navigation, TheRestWaitsForTheExitAnimation) {
   ActivateButton(1);
   EXPECT_EQ(Active(), (Pages{0})) << "and back";
   EXPECT_EQ(Rendered(), (Pages{0}));
+}
+
+TEST_F(Navigation, ACommandOfAListEntryWaitsForItsListsPage) {
+  base::SceneData scene;
+  AddList(scene, u"long");
+  OpenScene(std::move(scene), u"anim_out move.glb item ~llong { listitem { message setpage:b.glb } }", u"l");
+  Aim({0, 13, -1});
+  ClickHere();
+  EXPECT_EQ(Rendered(), (Pages{4})) << "the list's page is seen to the end";
+  Frame(1.0);
+  Frame();
+  EXPECT_EQ(Rendered(), (Pages{1}));
+}
+
+TEST_F(Navigation, AnEmptyNameNamesNoPage) {
+  OpenPage(u"missing.txt");
+  gui->AddActivePage(77);
+  gui->AddRenderPage(77);
+  Deliver();
+  EXPECT_TRUE(Active().empty());
+  EXPECT_TRUE(Rendered().empty());
 }
 
 // Everything that a page change asks of the engine, from the click to the entrance of the new page.

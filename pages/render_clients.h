@@ -1,0 +1,36 @@
+// The objects that a game hangs on a page to be drawn with it.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace qen {
+
+class RenderClient;
+
+// Works on the page's own list, whose clients are the game's. Clients may come and go while all are called.
+class RenderClients {
+ public:
+  explicit RenderClients(std::vector<RenderClient*>& list) : list_(list) {}
+  RenderClients(const RenderClients&) = delete;
+  RenderClients& operator=(const RenderClients&) = delete;
+
+  void Add(RenderClient* client);     // null is ignored
+  bool Remove(RenderClient* client);  // its first place in the list; false when it has none
+
+  // Calls every client once for each of its places in the list, in order: also those that are added meanwhile, and not
+  // those that are removed before their turn.
+  void ForEach(void (RenderClient::*call)());
+
+ private:
+  // One pass over the list; passes may be nested.
+  struct Pass {
+    std::size_t next = 0;
+    Pass* outer = nullptr;
+  };
+
+  std::vector<RenderClient*>& list_;
+  Pass* innermost_ = nullptr;
+};
+
+}  // namespace qen
