@@ -27,6 +27,10 @@ bool Step(AnimCtrl::Playing& playing, double seconds) {
   return old != playing.frame;
 }
 
+bool IsUnderWay(const AnimCtrl::Playing& playing) {
+  return playing.frame != (playing.reverse ? playing.lastFrame : 0.0F);
+}
+
 }  // namespace
 
 AnimCtrl::AnimCtrl(std::vector<float> animationLengths) : lengths_(std::move(animationLengths)) {}
@@ -36,6 +40,11 @@ void AnimCtrl::SetAnimationLength(std::int32_t index, float frames) {
   const auto position = static_cast<std::size_t>(index);
   if (position >= lengths_.size()) lengths_.resize(position + 1);
   lengths_[position] = frames > 0.0F && std::isfinite(frames) ? frames : 0.0F;
+}
+
+void AnimCtrl::BeginAnew() {
+  if (std::erase_if(animations, [](const Playing& p) { return !p.running && !p.byHand; }) > 0) changed_ = true;
+  for (Playing& playing : animations) playing.passing = playing.running && !playing.loop && IsUnderWay(playing);
 }
 
 void AnimCtrl::ClearAnimationFromStack(std::int32_t index) {
@@ -73,6 +82,7 @@ void AnimCtrl::SetNewFrame(std::int32_t index, float frame) {
     playing->lastFrame = lengths_[static_cast<std::size_t>(index)];
     playing->running = false;
   }
+  playing->byHand = !playing->running;
   playing->frame = ClampFrame(frame, playing->lastFrame);
   changed_ = true;
 }
@@ -99,6 +109,7 @@ bool AnimCtrl::Advance(double seconds) {
   for (Playing& playing : animations) {
     if (playing.running && Step(playing, seconds)) changed = true;
   }
+  if (std::erase_if(animations, [](const Playing& p) { return p.passing && !p.running; }) > 0) changed = true;
   return changed;
 }
 

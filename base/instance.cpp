@@ -51,6 +51,7 @@ void Instance::Reserve(const LightList& lights) {
 void Instance::Disable(bool disabled) {
   Record("InstanceBase::Disable", Named{this}, disabled);
   disabled_ = disabled;
+  if (!disabled) animCtrl_.BeginAnew();
 }
 
 void Instance::GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) {

@@ -18,13 +18,19 @@ class QEN_API AnimCtrl {
     float lastFrame = 0.0F;
     bool loop = false;
     bool reverse = false;
-    bool running = true;  // false: finished or stopped, its last pose stays
+    bool running = true;   // false: ended, stopped or never started; its pose stays
+    bool byHand = false;   // a frame that was set and does not run
+    bool passing = false;  // leaves the stack when it ends
   };
 
   explicit AnimCtrl(std::vector<float> animationLengths = {});
 
   // Told by the scene when it loads an animation: its length in frames, in the order of the indices.
   void SetAnimationLength(std::int32_t index, float frames);
+
+  // Told when the instance is shown, again or for the first time: what has ended leaves no pose behind, nor will what
+  // is under way when it ends. Loops and frames that were set stay.
+  void BeginAnew();
 
   // Unknown and negative indices are ignored by every operation.
   void ClearAnimationFromStack(std::int32_t index);

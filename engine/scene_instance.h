@@ -52,6 +52,7 @@ class InstanceBase {
  public:
   virtual ~InstanceBase() = default;
   // The nodes of a disabled instance stand still. Its animations run on all the same, and end: commands wait for that.
+  // One that is enabled, be it so already, begins from its rest pose: animations that have ended leave none behind.
   virtual void Disable(bool disabled) = 0;
 };
 

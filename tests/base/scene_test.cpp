@@ -184,18 +184,21 @@ TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
   EXPECT_EQ(scene->GetNodes()[1]->transform.GetTranslation(), (Vec3{1, 15, 0}));
   ExpectNear(scene->GetNodes()[1]->inverseTransform * Vec3{1, 15, 0}, {});
 
-  System::sceneMng->GetInstance(id)->Disable(true);
-  engine.Animate(0.25);
-  System::sceneMng->GetInstance(id)->Disable(false);
   System::sceneMng->DisableScene(u"world", true);
+  engine.Animate(0.25);
+  System::sceneMng->GetInstance(id)->Disable(true);
+  System::sceneMng->DisableScene(u"world", false);
   engine.Animate(0.25);
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 15, 0})) << "disabled ones stand still";
   EXPECT_FALSE(placed->animCtrl->IsPlaying(0)) << "but whoever waits for their end does not wait for ever";
-  System::sceneMng->DisableScene(u"world", false);
+  System::sceneMng->GetInstance(id)->Disable(false);
+  engine.Animate(0.0);
+  EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 0, 0})) << "and shown again, it begins from rest";
+
+  Play(*placed->animCtrl, 0);
+  engine.Animate(2.0);
   engine.Animate(0.0);
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 30, 0})) << "stays on its last frame";
-  EXPECT_FALSE(placed->animCtrl->IsPlaying(0));
-
   placed->animCtrl->ClearAnimationFromStack(0);
   engine.Animate(0.0);
   EXPECT_EQ(placed->nodeMatrices[1].GetTranslation(), (Vec3{1, 0, 0})) << "back at rest";

@@ -73,6 +73,46 @@ TEST_F(Animation, HandlesWithoutAnInstanceDoNothing) {
   EXPECT_EQ(page->GetPlayingAnim(), nullptr);
 }
 
+TEST_F(Animation, APageShownAgainBeginsFromItsRest) {
+  AddButtonPage(u"note", {u"end"}, u"anim_out note_out.glb anim door.glb");
+  engine.AddAnimation(u"note_out.glb", base::MoveNode(u"~bend", {}, {0, 90, 0}, 0.5F));
+  engine.AddAnimation(u"door.glb", base::MoveNode(u"normal_end", {}, {0, 0, 30}, 0.5F));
+  ICGUIPageObject* note = OpenPage(u"note.txt");
+  const auto place = [note](const Char* node) { return note->FindNode(node)->transform.GetTranslation(); };
+  const auto show = [this] {
+    gui->AddRenderPage(1);
+    gui->AddActivePage(1);
+    Frame();
+    Frame();
+  };
+  show();
+  EXPECT_EQ(note->PlayAnim(1, false), note->anims[1]);
+  Frame(1.0);
+  Frame();
+  EXPECT_EQ(place(u"normal_end"), (Vec3{0, 0, -30})) << "it holds while the page is shown";
+  gui->RemActivePage(1);
+  Frame();
+  Frame(1.0);
+  Frame();
+  EXPECT_EQ(place(u"~bend"), (Vec3{0, 90, 0})) << "gone, until it is taken off the list";
+  gui->RemRenderPage(1);
+  Frame();
+  show();
+  EXPECT_EQ(place(u"~bend"), Vec3());
+  EXPECT_EQ(place(u"normal_end"), Vec3());
+
+  note->anims[1]->SetFrame(15.0F);
+  gui->RemActivePage(1);
+  Frame();
+  Frame(0.25);
+  note->Disable(false);
+  Frame(0.0);
+  EXPECT_EQ(place(u"~bend"), (Vec3{0, 45, 0})) << "shown again on its way out, it goes on";
+  Frame(1.0);
+  EXPECT_EQ(place(u"~bend"), Vec3()) << "but comes back";
+  EXPECT_EQ(place(u"normal_end"), (Vec3{0, 0, -30})) << "a frame that was set stays set";
+}
+
 TEST_F(Animation, AMovedWidgetStaysWhereItWasPutUntilTheNextAnimation) {
   page->PlayAnim(page->animIn, false);
   Frame(2.0);
