@@ -11,8 +11,7 @@ namespace {
 
 float ClampFrame(float frame, float last) { return frame > 0.0F ? std::min(frame, last) : 0.0F; }  // NaN is 0
 
-// Moves one animation on; false when it stays where it is.
-bool Step(AnimCtrl::Playing& playing, double seconds) {
+void Step(AnimCtrl::Playing& playing, double seconds) {
   const double last = static_cast<double>(playing.lastFrame);
   const double moved = seconds * static_cast<double>(playing.framesPerSecond);
   double frame = static_cast<double>(playing.frame) + (playing.reverse ? -moved : moved);
@@ -23,8 +22,7 @@ bool Step(AnimCtrl::Playing& playing, double seconds) {
     frame = playing.reverse ? 0.0 : last;
     playing.running = playing.loop;
   }
-  const float old = std::exchange(playing.frame, static_cast<float>(frame));
-  return old != playing.frame;
+  playing.frame = static_cast<float>(frame);
 }
 
 bool IsUnderWay(const AnimCtrl::Playing& playing) {
@@ -107,7 +105,9 @@ void AnimCtrl::GetAnimProgress(std::int32_t index, float& progress) const {
 bool AnimCtrl::Advance(double seconds) {
   bool changed = std::exchange(changed_, false);
   for (Playing& playing : animations) {
-    if (playing.running && Step(playing, seconds)) changed = true;
+    if (!playing.running) continue;
+    if (!std::exchange(playing.fresh, false)) Step(playing, seconds);
+    changed = true;
   }
   if (std::erase_if(animations, [](const Playing& p) { return p.passing && !p.running; }) > 0) changed = true;
   return changed;

@@ -8,6 +8,11 @@
 #include "base/scene_data.h"
 
 namespace qen::base {
+namespace {
+
+bool IsSame(const Matrix4x4& a, const Matrix4x4& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+}  // namespace
 
 Instance::Instance(StringView name, SimpleScene& scene, const Matrix4x4& transform, bool animates,
                    const LightList& lights)
@@ -94,13 +99,28 @@ void Instance::MoveNodes() {
     TMNode& node = scene_->nodes[i];
     globals_[i] = ToMatrix(poses_[i]);
     if (node.parent != TMNode::kNoParent) globals_[i] = globals_[i] * globals_[node.parent];
-    const Matrix4x4 world = ToWorld(globals_[i]);
-    if (std::memcmp(&world, &written_[i], sizeof world) == 0) continue;
+    const Matrix4x4 world = Place(i, ToWorld(globals_[i]));
+    if (IsSame(world, written_[i]) && IsSame(world, placed_.nodeMatrices[i])) continue;
     written_[i] = world;
     placed_.nodeMatrices[i] = world;
     node.transform = world * placed_.transform;
     node.inverseTransform = node.transform.Inverse();
   }
+}
+
+// Where a node stands that its animation has at `animated`.
+Matrix4x4 Instance::Place(std::size_t node, const Matrix4x4& animated) {
+  const bool moved = !IsSame(placed_.nodeMatrices[node], written_[node]);
+  if (moved) carried_.Put(node, placed_.nodeMatrices[node], RestWorld(node));
+  return carried_.Has(node) ? carried_.Carry(node, animated) : animated;
+}
+
+Matrix4x4 Instance::RestWorld(std::size_t node) const {
+  Matrix4x4 global = ToMatrix(scene_->restPose[node]);
+  for (std::uint32_t up = scene_->nodes[node].parent; up != TMNode::kNoParent; up = scene_->nodes[up].parent) {
+    global = global * ToMatrix(scene_->restPose[up]);
+  }
+  return ToWorld(global);
 }
 
 }  // namespace qen::base

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/carried_nodes.h"
 #include "base/pose.h"
 #include "engine/anim_ctrl.h"
 #include "engine/scene.h"
@@ -34,6 +35,8 @@ class Instance final : public InstanceObject {
   void Reserve(const LightList& lights);
   void PoseNodes();
   void MoveNodes();
+  [[nodiscard]] Matrix4x4 Place(std::size_t node, const Matrix4x4& animated);
+  [[nodiscard]] Matrix4x4 RestWorld(std::size_t node) const;
 
   SimpleScene::Data* scene_;  // null once detached
   SimpleSceneInstance placed_;
@@ -41,11 +44,12 @@ class Instance final : public InstanceObject {
   bool disabled_ = false;
   bool moved_ = false;  // the animations have, and the nodes not yet
 
-  // By node. What was written into the instance's matrices last is kept, so that a node that somebody else moved is
-  // only touched when the animation moves it.
+  // By node. What was written into the instance's matrices last is kept, to tell a node that somebody else moved: it
+  // stays where it was put, and is carried along while animations run.
   std::vector<Pose> poses_;
   std::vector<Matrix4x4> globals_;
   std::vector<Matrix4x4> written_;
+  CarriedNodes carried_;
 };
 
 }  // namespace qen::base

@@ -21,6 +21,7 @@ class QEN_API AnimCtrl {
     bool running = true;   // false: ended, stopped or never started; its pose stays
     bool byHand = false;   // a frame that was set and does not run
     bool passing = false;  // leaves the stack when it ends
+    bool fresh = true;     // started since the last Advance
   };
 
   explicit AnimCtrl(std::vector<float> animationLengths = {});
@@ -52,7 +53,8 @@ class QEN_API AnimCtrl {
   // Writes how far the animation is, 0 to 1; leaves `progress` unchanged when it is not on the stack.
   void GetAnimProgress(std::int32_t index, float& progress) const;
 
-  // Moves every running animation on. True when the pose changed since the last call.
+  // Moves every running animation on, but for those started since the last call: these are in their first pose now.
+  // True when the pose changed, or may have.
   bool Advance(double seconds);
 
   std::vector<Playing> animations;  // the stack, oldest first: later ones override earlier ones

@@ -1,6 +1,7 @@
 // A page's animations, one at a time.
 #include "engine/scene.h"
 #include "tests/module/gui_fixture.h"
+#include "tests/module/widget_scenes.h"
 
 namespace qen::test {
 namespace {
@@ -29,6 +30,8 @@ TEST_F(Animation, PlaysOneAtATime) {
   ASSERT_EQ(in, page->anims[0]);
   EXPECT_EQ(page->PlayAnim(page->animOut, false), in) << "the one that plays";
   EXPECT_FALSE(page->anims[1]->IsPlaying());
+  Frame(0.5);
+  EXPECT_EQ(Place().x, -90.0F) << "seen from its first pose on, however long the frame was";
   Frame(0.5);
   EXPECT_NEAR(Place().x, -45.0F, 0.01F);
   EXPECT_NEAR(in->GetProgress(), 0.5F, 0.01F);
@@ -87,8 +90,8 @@ TEST_F(Animation, APageShownAgainBeginsFromItsRest) {
   };
   show();
   EXPECT_EQ(note->PlayAnim(1, false), note->anims[1]);
-  Frame(1.0);
   Frame();
+  Frame(1.0);
   EXPECT_EQ(place(u"normal_end"), (Vec3{0, 0, -30})) << "it holds while the page is shown";
   gui->RemActivePage(1);
   Frame();
@@ -113,15 +116,27 @@ TEST_F(Animation, APageShownAgainBeginsFromItsRest) {
   EXPECT_EQ(place(u"normal_end"), (Vec3{0, 0, -30})) << "a frame that was set stays set";
 }
 
-TEST_F(Animation, AMovedWidgetStaysWhereItWasPutUntilTheNextAnimation) {
-  page->PlayAnim(page->animIn, false);
-  Frame(2.0);
-  Matrix4x4 moved = Matrix4x4::Identity;
-  moved.SetTranslation({5, 6, 7});
-  Find(u"~bok")->SetMatrix(moved);
+// The slider is put on its bar in every update, as if the page rested.
+TEST_F(Animation, CarriesASliderAlongFromTheFirstPictureOn) {
+  base::SceneData scene;
+  AddSlideBar(scene, u"~sbar", -1, {}, false);
+  engine.AddAnimation(u"slide.glb", base::MoveNode(u"~sbar", {0, -80, 0}, {}, 0.5F));
+  OpenScene(std::move(scene), u"anim_in slide.glb anim_out slide.glb item ~sbar { position 50 }");
+  const auto slider = [this] { return gui->GetNodeMatrix(1, u"normal_slider~sbar")->GetTranslation(); };
+  gui->GetActivePages().clear();
   Frame();
-  Frame();
-  EXPECT_EQ(Place(), (Vec3{5, 6, 7}));
+  const Vec3 rest = slider();
+  gui->AddActivePage(1);
+  for (const float down : {80.0F, 64.0F, 48.0F, 32.0F, 16.0F, 0.0F, 0.0F}) {
+    Frame(0.1);
+    EXPECT_NEAR(slider().x, rest.x, 1e-3F);
+    EXPECT_NEAR(slider().y, rest.y - down, 1e-3F);
+  }
+  gui->RemActivePage(1);
+  for (const float down : {80.0F, 64.0F}) {
+    Frame(0.1);
+    EXPECT_NEAR(slider().y, rest.y - down, 1e-3F);
+  }
 }
 
 }  // namespace

@@ -108,8 +108,8 @@ TEST_F(Loading, MakesTheStyleFromItsFile) {
   EXPECT_EQ(std::get<bool>(fonts[0].arguments[4]), true) << "italic";
   AddText(u"plain.txt", u"texture panel.png font Mono { italic 1 }");
   gui->LoadStyle(u"plain.txt");
-  EXPECT_EQ(CallNames({"TextureManager"}), (std::vector<std::string>{"TextureManager::Load", "TextureManager::Destroy",
-                                                                     "TextureManager::Load"}))
+  EXPECT_EQ(CallNames({"TextureManager"}),
+            (std::vector<std::string>{"TextureManager::Load", "TextureManager::Destroy", "TextureManager::Load"}))
       << "the picture is read anew";
   EXPECT_EQ(gui->GetStyleFont().lfHeight, -18);
   EXPECT_EQ(std::get<bool>(engine.CallsOf("FontManager::CreateEx").back().arguments[4]), false);

@@ -124,7 +124,7 @@ TEST_F(Navigation, AChangeOfPagesPlaysInItsOrder) {
   Frame();
   engine.calls.clear();
   ReleaseButton();
-  for (int i = 0; i < 4; ++i) Frame(0.2);
+  for (int i = 0; i < 5; ++i) Frame(0.2);
 
   std::vector<std::string> story;
   for (const base::Call& call : engine.calls) {
@@ -137,7 +137,7 @@ TEST_F(Navigation, AChangeOfPagesPlaysInItsOrder) {
   }
   EXPECT_EQ(engine.sound.played, (std::vector<std::string>{"click.wav", "out.wav", "in.wav"}));
   EXPECT_EQ(story, (std::vector<std::string>{"frame", "ISound::Play", "AnimCtrl::PlayAnimation", "ISound::Play",
-                                             "frame", "frame", "frame", "ISceneMng::DisableScene",
+                                             "frame", "frame", "frame", "frame", "ISceneMng::DisableScene",
                                              "AnimCtrl::PlayAnimation", "ISound::Play"}));
 }
 

@@ -101,7 +101,9 @@ TEST_F(TextEdit, KeepsTheTwoHalvesOfACharacterTogether) {
   EXPECT_EQ(text->GetEditText(), u"ab\U0001F600");
   Type(u"\b\b\b\b\xDE00");
   EXPECT_EQ(text->GetEditText(), u"") << "a second half alone is nothing";
-  for (const Char* keys : {u"a\xD83D" u"x", u"ax\xD83D\r"}) {
+  for (const Char* keys : {u"a\xD83D"
+                           u"x",
+                           u"ax\xD83D\r"}) {
     Edit();
     text->GetEditText().clear();
     Type(keys);

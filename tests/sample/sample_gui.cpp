@@ -72,10 +72,11 @@ void SampleGui::Send(std::uint32_t id, std::uint32_t first, const void* second) 
 }
 
 void SampleGui::Frame(double seconds) {
-  engine.Animate(seconds);
+  engine.clock.Advance(seconds);
   Send(message::kFrame);
   game_.offered = 0;
   Send(message::kDeliverQueue);
+  engine.Animate(0.0);
 }
 
 void SampleGui::Draw() {

@@ -51,9 +51,9 @@ void Send(std::uint32_t id, std::uint32_t first = 0, const void* second = nullpt
 }
 
 void Frame(RecordingEngine& engine) {
-  engine.Animate(1.0 / 60);
   Send(qen::message::kFrame);
   Send(qen::message::kDeliverQueue);
+  engine.Animate(1.0 / 60);
   engine.Draw([&engine] { Send(qen::message::kRender, 0, &engine.viewport); });
 }
 
