@@ -61,7 +61,7 @@ Played Play(std::size_t struckCall, const std::function<void(FailingEngine&)>& p
   SampleGui& sample = engine.sample;
   sample.Activate();
   played.loaded = sample.Load();
-  played.findsNodes = FindsTheNodesOfScenes(*sample.gui);
+  played.findsNodes = !engine.plan.HasStruck() || FindsTheNodesOfScenes(*sample.gui);
   PlayTour(sample);
   played.atFirst = Describe(sample);
   sample.gui->Reset();

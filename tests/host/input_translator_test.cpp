@@ -179,7 +179,7 @@ TEST_F(InputTranslatorTest, KeysBelongToTheInputMethodWhileItComposes) {
   EXPECT_EQ(Take(), Expected{});
   Text(SDL_TEXTINPUT, "日");
   EXPECT_EQ(input.GetComposition(), u"");
-  EXPECT_EQ(Take(), (Expected{{Kind::Key, 0x65E5}}));
+  EXPECT_EQ(Take(), (Expected{{Kind::Text, 0x65E5}}));
   Press(SDLK_BACKSPACE);
   EXPECT_EQ(Take(), (Expected{{Kind::Key, 8}}));
 

@@ -25,7 +25,7 @@ def build():
 
     def enter():
         for node in (ground, text, *made):
-            kit.move(node, (0, -40, 0), (0, 0, 0), 0.0, 0.3, kit.ease_out_back, rise=(0.7, 1.0))
+            kit.move(node, (0, 30, 0), (0, 0, 0), 0.0, 0.3, kit.ease_out_back)
 
     def leave():
         for node in (ground, text, *made):
