@@ -16,7 +16,10 @@ gui.sounds()
 gui.click("~boptions")
 check_equal(gui.sounds(), {"sounds\\hover.wav", "sounds\\click.wav", "sounds\\page_out.wav"})
 check_equal(gui.rendered(), {"main_menu"}, "rendered while the menu leaves")
+repeat gui.frame() until gui.rendered()[1] == "options"
+local first = gui.widget("~bback").y
 gui.settle()
+check(math.abs(first - gui.widget("~bback").y) > 50, "first seen where its entrance begins")
 check_equal(gui.active(), {"options"})
 
 -- Back to where we were.

@@ -23,11 +23,14 @@ gui.move(bar.x - 40, bar.y)
 gui.frame()
 check_equal(gui.widget("~smusic").position, dragged, "let go")
 
--- The wheel steps by a tenth of the range.
+-- The wheel steps by a tenth of the range, and the game hears of each step.
 gui.wheel(120)
 check_equal(gui.widget("~smusic").position, dragged + 10)
+check_equal(volume, dragged + 10)
 gui.wheel(-120)
+gui.frame()
 check_equal(gui.widget("~smusic").position, dragged)
+check_equal(volume, dragged)
 
 -- A click turns a check button over, and of a group one stays checked.
 local before = gui.widget("~csubtitles").checked
