@@ -175,7 +175,7 @@ void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char
   DrawItem look;
   look.kind = DrawKind::Triangles2D;
   look.textureUse = TextureUse::Coverage;
-  const LayoutOptions options = OptionsOf(GlyphStyle::Bitmap, DT_EXPANDTABS, 0.0F);
+  const LayoutOptions options = OptionsOf(GlyphStyle::Bitmap, DT_SINGLELINE, 0.0F);
   base::DrawCached(context->render, context->texts, context->texts.Get(*font, text, options), *font, placement, look,
                    color.argb);
 }

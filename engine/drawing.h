@@ -45,7 +45,8 @@ class QEN_API Drawing {
   // a line and cut down, is then how many lines must go until the last one is seen whole.
   Rect GetTextRect(const Rect& area, std::uint32_t flags, const Char* format, ...);
 
-  // (x, y) is the upper left corner of the first line's cell.
+  // (x, y) is the upper left corner of the line's cell. The text is one line, as DT_SINGLELINE measures it: a line feed
+  // or a tab in it is a blank.
   void DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char* format, ...);
 
   void DrawText3D(const Matrix4x4& matrix, const Rect& area, std::uint32_t flags, Color color, const Char* text);

@@ -115,10 +115,12 @@ TEST_F(DrawingTest, Measures) {
   EXPECT_EQ(Measured(0, 0, u"abcd"), (Rect{0, 0, 0, 0}));
 }
 
-TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
+TEST_F(DrawingTest, Text2DIsOneLineAsItWasMeasured) {
+  Rect measured{};
   engine.Draw([&] {
     drawing.BeginText2D();
-    drawing.DrawText2D(100, 40, Color(0x80FF0000), u"%c %s\n%d", u'a', u"b", 7);
+    measured = Measured(DT_SINGLELINE, 0, u"a\tb\r\n7");
+    drawing.DrawText2D(100, 40, Color(0x80FF0000), u"%c\t%s\r\n%d", u'a', u"b", 7);
     drawing.EndText();
     drawing.DrawText2D(0, 0, Color(0), u"outside of begin and end");
   });
@@ -131,7 +133,8 @@ TEST_F(DrawingTest, Text2DGoesDownFromItsUpperLeftCorner) {
   const auto& v = engine.render.frame.vertices;
   EXPECT_EQ(v[0].position, (Vec3{100, 40, 0}));
   EXPECT_EQ(v[6].position, (Vec3{120, 40, 0}));
-  EXPECT_EQ(v[12].position, (Vec3{100, 60, 0}));
+  EXPECT_EQ(v[12].position, (Vec3{140, 40, 0}));
+  EXPECT_EQ(measured, (Rect{0, 0, 50, 20}));
   EXPECT_EQ(v[0].argb, 0x80FF0000U);
 }
 
