@@ -1,12 +1,15 @@
 #include "engine/matrix.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace qen {
 namespace {
 
 using Doubles = std::array<std::array<double, 4>, 4>;
+using Triple = std::array<double, 3>;
 
 Doubles Widen(const Matrix4x4& source) {
   Doubles wide;
@@ -41,6 +44,44 @@ double Adjugate(const Doubles& a, Doubles& out) {
   return s[0] * c[5] - s[1] * c[4] + s[2] * c[3] + s[3] * c[2] - s[4] * c[1] + s[5] * c[0];
 }
 
+double Dot(const Triple& a, const Triple& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+double Length(const Triple& a) { return std::sqrt(Dot(a, a)); }
+
+Triple Cross(const Triple& a, const Triple& b) {
+  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+// Where everything lies in one plane, makes that a thin slab: a ray then has a way through it in the space that was
+// flattened. The directions that were lost lead out of the plane.
+void ThickenFlat(Doubles& a) {
+  constexpr double kLost = 1e-6;
+  constexpr double kThickness = 1.0 / 256.0;  // too little to see, and enough for what floats can tell
+  if (a[0][3] != 0.0 || a[1][3] != 0.0 || a[2][3] != 0.0 || a[3][3] != 1.0) return;
+  std::array<Triple, 3> axes;
+  for (std::size_t i = 0; i < 3; ++i) axes[i] = {a[i][0], a[i][1], a[i][2]};
+  const std::array faces{Cross(axes[1], axes[2]), Cross(axes[2], axes[0]), Cross(axes[0], axes[1])};
+  const Triple& widest = *std::ranges::max_element(faces, {}, Length);
+  const double area = Length(widest);
+  const double longest = std::max({Length(axes[0]), Length(axes[1]), Length(axes[2])});
+  const bool flat = std::abs(Dot(axes[0], faces[0])) <= kLost * longest * area && area > kLost * longest * longest;
+  if (!flat) return;
+
+  const Triple lost{Dot(faces[0], widest), Dot(faces[1], widest), Dot(faces[2], widest)};
+  const double out = kThickness * longest / (Length(lost) * area);
+  for (std::size_t i = 0; i < 3; ++i) {
+    for (std::size_t j = 0; j < 3; ++j) a[i][j] += lost[i] * widest[j] * out;
+  }
+}
+
+// Takes every point to one that lies outside of every box, whichever way it is looked for.
+Matrix4x4 ToNowhere() {
+  constexpr float kFar = std::numeric_limits<float>::max();
+  Matrix4x4 nowhere;
+  nowhere.SetTranslation({kFar, -kFar, kFar});
+  nowhere.m[3][3] = 1.0F;
+  return nowhere;
+}
+
 }  // namespace
 
 constinit const Matrix4x4 Matrix4x4::Identity{
@@ -57,10 +98,11 @@ void Matrix4x4::SetScale(float x, float y, float z) {
 
 void Matrix4x4::SetInverse(const Matrix4x4& source) {
   constexpr double kSingular = 1e-14;
-  const Doubles wide = Widen(source);
+  Doubles wide = Widen(source);
+  ThickenFlat(wide);
   Doubles adjugate;
   const double determinant = Adjugate(wide, adjugate);
-  SetIdentity();
+  *this = ToNowhere();
   if (!(std::abs(determinant) > kSingular * RowLengths(wide)) || !std::isfinite(determinant)) return;
 
   Matrix4x4 inverse;

@@ -25,7 +25,9 @@ struct alignas(16) Matrix4x4 {
   // Becomes the matrix that scales along the axes.
   QEN_API void SetScale(float x, float y, float z);
 
-  // Becomes the inverse of `source`; the identity when `source` is singular or not finite.
+  // Becomes the inverse of `source`. A transformation that flattens (one axis is less than a millionth of the longest,
+  // or nothing) is inverted as if that were 1/256 of the longest: rays meet a flattened box where it is seen. What lost
+  // more than one axis or is not finite has no inverse; then every point goes to one where no box is.
   QEN_API void SetInverse(const Matrix4x4& source);
   [[nodiscard]] QEN_API Matrix4x4 Inverse() const;
 

@@ -21,7 +21,7 @@ struct alignas(16) TMNode {
                                             // near and 3 the far plane; null when the node is no camera
   void* userData = nullptr;                 // whoever sets it owns what it points to; the GUI hangs NodeDrawInfo here
   Matrix4x4 transform = Matrix4x4::Identity;         // to world space; follows animations
-  Matrix4x4 inverseTransform = Matrix4x4::Identity;  // its inverse
+  Matrix4x4 inverseTransform = Matrix4x4::Identity;  // its Inverse()
 };
 
 }  // namespace qen

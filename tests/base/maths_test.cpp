@@ -45,19 +45,38 @@ TEST(Matrix, InverseOfGeneralMatrices) {
   EXPECT_NEAR(tiny.Inverse().m[0][0], 1e4F, 1.0F);
 }
 
-TEST(Matrix, InverseOfWhatHasNoneIsTheIdentity) {
-  Matrix4x4 flat = Matrix4x4::Identity;
-  flat.m[1][1] = 0.0F;
+// Whether the ray from (0, 0, -150) through a point at z = 0 meets a box of 10 x 4 x 6 units moved by the matrix.
+bool Meets(const Matrix4x4& matrix, float x, float y) {
+  const Vec3 eye{0, 0, -150};
+  const Vec3 origin = matrix.Inverse() * eye;
+  float distance = 0.0F;
+  return AABB{{}, {5, 2, 3}}.Intersect(origin, matrix.Inverse() * (eye + Vec3{x, y, 150} * 0.01F) - origin, distance);
+}
+
+TEST(Matrix, WhatIsFlattenedIsMetWhereItIsSeen) {
+  // Local y comes towards the viewer, z is up. In the last one the box is turned by 60 degrees before it is flattened.
+  const float c = 0.5F, s = 0.8660254F;
+  for (const float depth : {0.0F, 1e-44F, 1e-20F, -1e-9F}) {
+    const Matrix4x4 level{{{2, 0, 0, 0}, {0, 0, depth, 0}, {0, 2, 0, 0}, {40, -30, 0, 1}}};
+    EXPECT_TRUE(Meets(level, 40, -30) && Meets(level, 49.8F, -35.8F));
+    EXPECT_FALSE(Meets(level, 50.2F, -30) || Meets(level, 40, -36.2F) || Meets(level, 0, 0));
+    const Matrix4x4 turned{{{c, 0, s * depth, 0}, {-s, 0, c * depth, 0}, {0, 1, 0, 0}, {40, -30, 0, 1}}};
+    EXPECT_TRUE(Meets(turned, 44.1F, -32.9F) && Meets(turned, 35.9F, -27.1F));  // 5 x 0.5 + 2 x 0.866 = 4.232
+    EXPECT_FALSE(Meets(turned, 44.4F, -30) || Meets(turned, 35.6F, -30) || Meets(turned, 40, -33.1F));
+  }
+}
+
+TEST(Matrix, WhatIsScaledToNothingIsNotMet) {
+  Matrix4x4 line;
+  line.SetScale(1.0F, 0.0F, 0.0F);
   Matrix4x4 dependent{{{1, 2, 3, 4}, {2, 4, 6, 8}, {0, 1, 0, 1}, {5, 0, 0, 1}}};
   Matrix4x4 broken = Matrix4x4::Identity;
   broken.m[2][1] = kNan;
   Matrix4x4 endless = Matrix4x4::Identity;
   endless.m[3][0] = kInfinity;
-  Matrix4x4 denormal;
-  denormal.SetScale(1e-44F, 1.0F, 1.0F);
-  for (const Matrix4x4& m : {flat, dependent, broken, endless, denormal, Matrix4x4{}}) {
-    ExpectNear(m.Inverse(), Matrix4x4::Identity, 0.0F);
-  }
+  Matrix4x4 point = Matrix4x4::Identity;
+  point.SetScale(0.0F, 0.0F, 0.0F);
+  for (const Matrix4x4& m : {line, dependent, broken, endless, point, Matrix4x4{}}) EXPECT_FALSE(Meets(m, 0, 0));
 }
 
 TEST(Aabb, Intersect) {

@@ -14,20 +14,24 @@ std::string MakeEmptyScene() {
   return GltfBuilder().Json(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}])");
 }
 
-GuihostTest::GuihostTest() {
+std::string MakeSquares(const std::string& nodes) {
   GltfBuilder scene;
   scene.Add<float>("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
   scene.Add<float>("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
   scene.Add<std::uint8_t>("SCALAR", {0, 1, 2, 0, 2, 3});
-  const Bytes glb = scene.Glb(R"("nodes":[{"name":"~bSquare","children":[1]},{"name":"normal","mesh":0}],
+  const Bytes glb = scene.Glb("\"nodes\":[" + nodes + R"(],
       "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
       "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
+  return {glb.begin(), glb.end()};
+}
+
+GuihostTest::GuihostTest() {
   folder.Write("Gui.txt", "lang lang.txt\nname pages\\first.txt\nname pages\\second.txt\n");
   folder.Write("Lang.txt", "lang english { str1 One }\nlang german { str1 Eins }\n");
   folder.Write("Empty.txt", "lang lang.txt\n");
   folder.Write("Pages/First.txt", "name scenes\\first.glb\n");
   folder.Write("Pages/Second.txt", "name scenes\\second.glb\n");
-  folder.Write("Scenes/First.glb", std::string(glb.begin(), glb.end()));
+  folder.Write("Scenes/First.glb", MakeSquares(R"({"name":"~bSquare","children":[1]},{"name":"normal","mesh":0})"));
   folder.Write("Scenes/Second.glb", MakeEmptyScene());
 }
 

@@ -13,6 +13,9 @@ namespace qen::host {
 
 std::string MakeEmptyScene();  // a page with a button that cannot be seen
 
+// A page of these nodes, written in JSON. Their mesh 0 is a red square of 60 units.
+std::string MakeSquares(const std::string& nodes);
+
 // In the temporary folder is a GUI: a page "first" with a red square in the middle, which is a button, and an empty
 // page "second".
 class GuihostTest : public ::testing::Test {

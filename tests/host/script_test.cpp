@@ -87,6 +87,30 @@ TEST_F(ScriptTest, TellsWhyAWidgetCannotBePointedAt) {
   EXPECT_THAT(FailureOf(start + "gui.setpage('second') gui.settle() gui.hover('~bback')"), HasSubstr("has no box"));
 }
 
+TEST_F(ScriptTest, FlattenedWidgetsAreHitWhereTheyAreSeen) {
+  folder.Write("Scenes/First.glb", MakeSquares(R"(
+      {"name":"~bFlat","children":[1],"translation":[50,30,0],"scale":[0.3,0.3,0]}, {"name":"normal","mesh":0},
+      {"name":"~bGone","children":[3],"translation":[-50,0,0],"scale":[0,0,0]}, {"name":"normal2","mesh":0})"));
+  EXPECT_EQ(Play(R"(
+    gui.settle()
+    gui.move(32, 24)
+    gui.frame()
+    check_equal(gui.widget("~bflat").state, 1, "in the middle is nothing")
+    check_equal(gui.widget("~bgone").state, 1)
+    gui.hover("~bflat")
+    gui.frame()
+    check_equal(gui.widget("~bflat").state, 2)
+    local done, why = pcall(gui.hover, "~bgone")
+    check(not done and why:find("out of sight"), why)
+    local gone = gui.widget("~bgone")
+    gui.move(gone.x, gone.y)
+    gui.frame()
+    check_equal(gui.widget("~bgone").state, 1, "nothing to see")
+  )"),
+            0)
+      << err;
+}
+
 TEST_F(ScriptTest, RunsTheSameEveryTime) {
   const std::string script = "gui.settle() gui.click('~bsquare') gui.frame(80)";
   ASSERT_EQ(Play(script, "--trace first.json"), 0) << err;
