@@ -48,11 +48,23 @@ void LogService::PrintError(const Char* format, ...) {
 }
 
 void LogService::ReportMissing(StringView what, StringView file, StringView reason) {
-  if (!reported_.emplace(String(what) + u'\n' + String(file)).second) return;
+  String line = u"Can't load " + String(what) + u' ' + String(file);
+  if (!reason.empty()) line += u": " + String(reason);
+  ReportOnce(line);
+}
+
+void LogService::ReportWrongByte(StringView file, const WrongByte& wrong) {
+  constexpr StringView kDigits = u"0123456789ABCDEF";
+  const auto number = [](std::uint32_t value) { return ToUtf16(std::to_string(value)); };
+  const String byte{u'0', u'x', kDigits[wrong.byte >> 4], kDigits[wrong.byte & 15]};
+  ReportOnce(u"Can't read byte " + byte + u" of " + String(file) + u" at " + number(wrong.line) + u':' +
+             number(wrong.column) + u": not UTF-8");
+}
+
+void LogService::ReportOnce(const String& line) {
+  if (!reported_.insert(line).second) return;
   Flush(errors_, true);
-  errors_ = u"Can't load " + String(what) + u' ' + String(file);
-  if (!reason.empty()) errors_ += u": " + String(reason);
-  Flush(errors_, true);
+  sink_(line, true);
 }
 
 void LogService::Deliver(String& pending, bool error) {

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "base/engine.h"
+#include "base/utf.h"
 #include "engine/output.h"
 
 namespace qen::base {
@@ -24,7 +25,11 @@ class LogService final : public IOutput {
   // Logs "Can't load <what> <file>" with the reason, if any; once for each file.
   void ReportMissing(StringView what, StringView file, StringView reason = {});
 
+  // Logs where a text file is not UTF-8; once.
+  void ReportWrongByte(StringView file, const WrongByte& wrong);
+
  private:
+  void ReportOnce(const String& line);
   void Deliver(String& pending, bool error);
   void Flush(String& pending, bool error);
 

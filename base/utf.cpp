@@ -1,5 +1,8 @@
 #include "base/utf.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace qen::base {
 namespace {
 
@@ -8,35 +11,40 @@ constexpr char32_t kReplacement = 0xFFFD;
 bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
 bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
 
+// What stands first in a text: a character, or bytes that no character has, as many as one could begin with.
 struct Sequence {
-  std::size_t length = 0;  // 0: not well formed
-  char32_t character = 0;
+  std::size_t length = 1;
+  char32_t character = kReplacement;
+  bool isWrong = true;
 };
 
-// The length that a first byte announces, the bits it carries, and the smallest character of that length.
+// The first bytes of well-formed sequences: how many follow, and which the second may be.
 struct Lead {
-  std::uint8_t mask, bits;
-  std::size_t length;
-  char32_t smallest;
+  std::uint8_t first, last;
+  std::size_t following;
+  std::uint8_t low, high;
 };
-constexpr Lead kLeads[] = {{0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
+constexpr Lead kLeads[] = {
+    {0x00, 0x7F, 0, 0x80, 0xBF}, {0xC2, 0xDF, 1, 0x80, 0xBF}, {0xE0, 0xE0, 2, 0xA0, 0xBF},
+    {0xE1, 0xEC, 2, 0x80, 0xBF}, {0xED, 0xED, 2, 0x80, 0x9F}, {0xEE, 0xEF, 2, 0x80, 0xBF},
+    {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
+};
 
 std::uint8_t Byte(char c) { return static_cast<std::uint8_t>(c); }
 
 Sequence Decode(std::string_view text) {
-  for (const Lead& lead : kLeads) {
-    if ((Byte(text[0]) & lead.mask) != lead.bits) continue;
-    if (text.size() < lead.length) return {};
-    char32_t character = Byte(text[0]) & static_cast<std::uint8_t>(~lead.mask);
-    for (std::size_t i = 1; i < lead.length; ++i) {
-      if ((Byte(text[i]) & 0xC0) != 0x80) return {};
-      character = (character << 6) | (Byte(text[i]) & 0x3FU);
-    }
-    const bool surrogate = IsHighSurrogate(character) || IsLowSurrogate(character);
-    if (character < lead.smallest || character > 0x10FFFF || surrogate) return {};
-    return {lead.length, character};
+  const std::uint8_t first = Byte(text[0]);
+  const auto* lead =
+      std::ranges::find_if(kLeads, [first](const Lead& l) { return first >= l.first && first <= l.last; });
+  if (lead == std::end(kLeads)) return {};
+  char32_t character = lead->following == 0 ? first : first & (0x3FU >> lead->following);
+  for (std::size_t i = 1; i <= lead->following; ++i) {
+    const std::uint8_t low = i == 1 ? lead->low : 0x80;
+    const std::uint8_t high = i == 1 ? lead->high : 0xBF;
+    if (i >= text.size() || Byte(text[i]) < low || Byte(text[i]) > high) return {.length = i};
+    character = (character << 6) | (Byte(text[i]) & 0x3FU);
   }
-  return {};
+  return {lead->following + 1, character, false};
 }
 
 void AppendUtf8(std::string& out, char32_t c) {
@@ -89,20 +97,23 @@ String ToUtf16(std::string_view text) {
   out.reserve(text.size());
   while (!text.empty()) {
     const Sequence sequence = Decode(text);
-    AppendUtf16(out, sequence.length == 0 ? kReplacement : sequence.character);
-    text.remove_prefix(sequence.length == 0 ? 1 : sequence.length);
+    AppendUtf16(out, sequence.character);
+    text.remove_prefix(sequence.length);
   }
   return out;
 }
 
-bool IsUtf8(std::span<const std::uint8_t> bytes) {
-  std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+std::optional<WrongByte> FindWrongByte(std::string_view text) {
+  WrongByte at;
   while (!text.empty()) {
     const Sequence sequence = Decode(text);
-    if (sequence.length == 0) return false;
+    at.byte = Byte(text[0]);
+    if (sequence.isWrong) return at;
+    ++at.column;
+    if (text[0] == '\n') at = {.line = at.line + 1};
     text.remove_prefix(sequence.length);
   }
-  return true;
+  return std::nullopt;
 }
 
 }  // namespace qen::base

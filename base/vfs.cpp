@@ -13,13 +13,17 @@ namespace {
 // A file in UTF-16 has zero bytes wherever it has blanks or Latin letters; one in UTF-8 has none.
 bool IsUtf16(std::span<const std::uint8_t> bytes) {
   const bool marked = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
-  return marked || std::ranges::find(bytes, std::uint8_t{0}) != bytes.end() || !IsUtf8(bytes);
+  return marked || std::ranges::find(bytes, std::uint8_t{0}) != bytes.end();
+}
+
+std::string_view AsText(std::span<const std::uint8_t> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 }  // namespace
 
 String DecodeText(std::span<const std::uint8_t> bytes) {
-  if (!IsUtf16(bytes)) return ToUtf16({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  if (!IsUtf16(bytes)) return ToUtf16(AsText(bytes));
   String text(bytes.size() / 2, u'\0');
   for (std::size_t i = 0; i < text.size(); ++i) {
     text[i] = static_cast<Char>(bytes[2 * i] | (bytes[2 * i + 1] << 8));
@@ -34,6 +38,9 @@ bool FileService::ReadFile(const Char* name, Char*& buffer, std::uint32_t& size)
   if (files_ == nullptr || !files_->Read(name, bytes)) {
     log_.ReportMissing(u"file", name);
     return false;
+  }
+  if (const auto wrong = IsUtf16(bytes) ? std::nullopt : FindWrongByte(AsText(bytes))) {
+    log_.ReportWrongByte(name, *wrong);
   }
   const String text = DecodeText(bytes);
   if (text.size() > std::numeric_limits<std::uint32_t>::max() / sizeof(Char)) return false;

@@ -10,8 +10,8 @@
 
 namespace qen::base {
 
-// UTF-16LE or UTF-8, told apart by what is in the file. Byte order marks become U+FEFF; a last odd byte of UTF-16 is
-// ignored.
+// UTF-16LE where the file begins with FF FE or has a zero byte, else UTF-8, with U+FFFD for what is none. Byte order
+// marks become U+FEFF; a last odd byte of UTF-16 is ignored.
 QEN_API String DecodeText(std::span<const std::uint8_t> bytes);
 
 class FileService final : public IVFS {

@@ -70,11 +70,13 @@ TEST(Vfs, TellsEncodingsApart) {
       {"UTF-16 with a mark", {"\xFF\xFEn\0o\0", 6}, u"\uFEFFno"},
       {"UTF-16 as it is written by the module", {"\xFF\xFEn\0\0\0\0", 7}, {u"\uFEFFn\0", 3}},
       {"UTF-16 without a mark", {"n\0a\0", 4}, u"na"},
-      {"UTF-16 without Latin letters", "\x22\x6F\xFF\xFE", {u'\x6F22', u'\xFEFF'}},
+      {"UTF-16 with a mark, without Latin letters", "\xFF\xFE\x22\x6F", u"\uFEFF\u6F22"},
       {"UTF-8", "na\xC3\xA9\xF0\x9F\x98\x80", u"na\u00E9\U0001F600"},
       {"UTF-8 with a mark", "\xEF\xBB\xBFname", u"\uFEFFname"},
       {"empty", "", u""},
-      {"one byte that is no text", "\xFF", u""},
+      {"UTF-8 with the bytes of another encoding", "{\n\xC3\xA9 M\xE4nner \xE4\xF6",
+       u"{\n\u00E9 M\uFFFDnner \uFFFD\uFFFD"},
+      {"one byte that is no text", "\xFF", u"\uFFFD"},
   };
   for (const auto& c : kCases) {
     engine.files.Add(u"Menus/Main.txt", {c.bytes.begin(), c.bytes.end()});
@@ -93,7 +95,10 @@ TEST(Vfs, TellsEncodingsApart) {
   EXPECT_FALSE(System::vfs->ReadFile(nullptr, buffer, size));
   EXPECT_EQ(buffer, nullptr);
   EXPECT_EQ(size, 77U);
-  EXPECT_EQ(engine.errors, std::vector<String>{u"Can't load file none"}) << "once a file";
+  EXPECT_EQ(engine.errors, (std::vector<String>{u"Can't read byte 0xE4 of menus\\MAIN.txt at 2:4: not UTF-8",
+                                                u"Can't read byte 0xFF of menus\\MAIN.txt at 1:1: not UTF-8",
+                                                u"Can't load file none"}))
+      << "once a file";
 }
 
 TEST(Resources, FontsAreCounted) {

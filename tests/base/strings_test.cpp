@@ -165,12 +165,12 @@ TEST(Utf, TellsWhatIsNotWellFormed) {
       {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},  // a surrogate
       {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
       {"\xFF", u"\uFFFD"},
-      {"a\xE2\x82", u"a\uFFFD\uFFFD"},  // cut off
+      {"a\xE2\x82", u"a\uFFFD"},  // cut off: one for all that a character begins with
+      {"\xF0\x9F\x98z", u"\uFFFDz"},
       {"\xC3(", u"\uFFFD("},
   };
   for (const auto& c : kCases) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(c.bytes.data());
-    EXPECT_FALSE(base::IsUtf8({bytes, c.bytes.size()}));
+    EXPECT_TRUE(base::FindWrongByte(c.bytes).has_value());
     EXPECT_EQ(ToUtf16(c.bytes), c.decoded);
   }
 }
