@@ -1,6 +1,7 @@
 // The steps of replacing a file that each system has its own way for. Internal.
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 
@@ -21,6 +22,7 @@ Present WhatIsAt(const std::filesystem::path& path);
 // it would be open to more people.
 bool KeepAccess(std::FILE* file, const std::filesystem::path& path, const std::filesystem::path& like);
 
+bool Truncate(std::FILE* file, std::size_t size);  // flushed before
 bool SyncToDisk(std::FILE* file);
 bool MoveOver(const std::filesystem::path& from, const std::filesystem::path& to);  // lasting, as far as can be
 void Remove(const std::filesystem::path& path);

@@ -61,6 +61,8 @@ bool KeepAccess(std::FILE* file, const fs::path& path, const fs::path& like) {
   return !error;
 }
 
+bool Truncate(std::FILE* file, std::size_t size) { return ::ftruncate(::fileno(file), static_cast<off_t>(size)) == 0; }
+
 bool SyncToDisk(std::FILE* file) { return ::fsync(::fileno(file)) == 0; }
 
 bool MoveOver(const fs::path& from, const fs::path& to) {

@@ -53,6 +53,10 @@ bool KeepAccess(std::FILE*, const fs::path& path, const fs::path& like) {
   return (attributes & kKept) == 0 || ::SetFileAttributesW(path.c_str(), attributes & kKept) != 0;
 }
 
+bool Truncate(std::FILE* file, std::size_t size) {
+  return ::_chsize_s(::_fileno(file), static_cast<long long>(size)) == 0;
+}
+
 bool SyncToDisk(std::FILE* file) { return ::_commit(::_fileno(file)) == 0; }
 
 bool MoveOver(const fs::path& from, const fs::path& to) {

@@ -43,8 +43,9 @@ QEN_API std::FILE* _wfopen(const Char* file, const Char* mode);  // null on fail
 #endif
 
 // Not the system's: writes a whole file beside its place, flushes it to the disk and renames it over what was there, so
-// that at every moment the old file or the new one is whole. Permissions, owner and links stay. False, with the old one
-// in place, when any of it fails or the old one is read-only.
+// that at every moment the old file or the new one is whole. Permissions, owner and links stay. Where only the file may
+// be written and not its folder, writes into it. False, with the old one in place, when any of it fails or the old one
+// is read-only.
 QEN_API bool SaveWholeFile(const Char* file, const void* bytes, std::size_t size);
 
 }  // namespace qen::platform

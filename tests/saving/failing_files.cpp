@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace qen::test {
 namespace {
@@ -15,6 +16,7 @@ bool counting = false;
 std::size_t count = 0;
 std::size_t struckCall = 0;
 Fault struckFault = Fault::Fail;
+bool refusing = false;
 
 // Whether this call is the one to fail.
 bool IsStruck() {
@@ -22,6 +24,11 @@ bool IsStruck() {
   if (struckFault == Fault::Kill) _exit(kKilled);
   errno = EIO;
   return true;
+}
+
+bool IsRefused() {
+  if (refusing) errno = EACCES;
+  return refusing;
 }
 
 // The system's own function of that name and kind.
@@ -39,6 +46,8 @@ void StrikeFileCall(std::size_t number, Fault fault) {
   counting = true;
 }
 
+void RefuseNewFiles(bool refuse) { refusing = refuse; }
+
 std::size_t CountedFileCalls() {
   counting = false;
   return count;
@@ -53,11 +62,15 @@ std::size_t Write(const void* bytes, std::size_t size, std::size_t number, std::
 int Flush(std::FILE* file) REPLACES("fflush");
 int Close(std::FILE* file) REPLACES("fclose");
 int Sync(int file) REPLACES("fsync");
+int Cut(int file, off_t size) REPLACES("ftruncate");
 int Move(const char* from, const char* to) REPLACES("rename");
 int MakeFolder(const char* folder, mode_t mode) REPLACES("mkdir");
 int SetMode(int folder, const char* file, mode_t mode, int flags) REPLACES("fchmodat");
 
-std::FILE* Open(const char* file, const char* mode) { return IsStruck() ? nullptr : System(Open, "fopen")(file, mode); }
+std::FILE* Open(const char* file, const char* mode) {
+  if (IsStruck() || (std::strchr(mode, 'x') != nullptr && IsRefused())) return nullptr;
+  return System(Open, "fopen")(file, mode);
+}
 
 // Reading a folder fails, and the file knows it then.
 std::size_t Read(void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
@@ -83,9 +96,13 @@ int Close(std::FILE* file) {
 
 int Sync(int file) { return IsStruck() ? -1 : System(Sync, "fsync")(file); }
 
+int Cut(int file, off_t size) { return IsStruck() ? -1 : System(Cut, "ftruncate")(file, size); }
+
 int Move(const char* from, const char* to) { return IsStruck() ? -1 : System(Move, "rename")(from, to); }
 
-int MakeFolder(const char* folder, mode_t mode) { return IsStruck() ? -1 : System(MakeFolder, "mkdir")(folder, mode); }
+int MakeFolder(const char* folder, mode_t mode) {
+  return IsStruck() || IsRefused() ? -1 : System(MakeFolder, "mkdir")(folder, mode);
+}
 
 int SetMode(int folder, const char* file, mode_t mode, int flags) {
   return IsStruck() ? -1 : System(SetMode, "fchmodat")(folder, file, mode, flags);

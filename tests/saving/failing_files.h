@@ -16,6 +16,9 @@ constexpr int kKilled = 86;  // exit status of a process that was
 // and the libraries it loads, and the call of that number (from 1) is struck. None is with 0.
 void StrikeFileCall(std::size_t number, Fault fault);
 
+// While set, no file or folder can be made, as where a folder may not be written.
+void RefuseNewFiles(bool refuse);
+
 // Ends the counting and gives how many calls there were.
 std::size_t CountedFileCalls();
 

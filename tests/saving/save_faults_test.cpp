@@ -139,6 +139,24 @@ TEST_P(SaveFaults, ACallThatFailsLosesNothing) {
   }
 }
 
+TEST_P(SaveFaults, AFileInAFolderThatMayNotBeWrittenIsWrittenInPlace) {
+  LearnContents();
+  std::size_t calls = 0;
+  for (std::size_t call = 0; call <= calls; ++call) {
+    SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls));
+    BeginAnew();
+    RefuseNewFiles(true);
+    StrikeFileCall(call, Fault::Fail);
+    const std::optional<bool> saved = Save(true);
+    if (call == 0) calls = CountedFileCalls();
+    RefuseNewFiles(false);
+    const std::string now = BytesOf(File());
+    EXPECT_TRUE(now == second_ || (call > 0 && now == first_));
+    EXPECT_EQ(saved.value_or(now == second_), now == second_);
+    EXPECT_FALSE(fs::exists(Backup().parent_path()));
+  }
+}
+
 TEST_P(SaveFaults, AProcessKilledAtAnyCallLosesNothing) {
   LearnContents();
   CountCalls();
