@@ -15,6 +15,7 @@
 #include "host/app/tour.h"
 #include "host/app/trace_file.h"
 #include "host/app/window_loop.h"
+#include "host/files/file_watch.h"
 #include "host/script/script.h"
 
 namespace qen::host {
@@ -36,13 +37,6 @@ void PlayScript(const Options& options) {
   Script(stage, {.realtime = options.realtime, .renewPictures = options.update}).Run(options.script);
 }
 
-std::vector<std::filesystem::path> WatchedPlaces(const Stage& stage, const Options& options) {
-  if (!options.watch) return {};
-  std::vector<std::filesystem::path> places{stage.DataFolder()};
-  places.insert(places.end(), options.data.begin(), options.data.end());
-  return places;
-}
-
 void Play(const Options& options) {
   if (!options.script.empty()) return PlayScript(options);
   const bool wantsTour = !options.tour.empty();
@@ -60,7 +54,8 @@ void Play(const Options& options) {
     stage.Draw();
     stage.WritePicture(options.shot);
   } else if (!savesPages || options.frames) {
-    RunWindowLoop(stage, game, options.frames, WatchedPlaces(stage, options));
+    const auto watch = options.watch ? WatchFiles(stage.DataPlaces()) : nullptr;
+    RunWindowLoop(stage, game, options.frames, watch.get());
   }
 }
 

@@ -175,8 +175,17 @@ void Stage::DrawScreenText() {
 
 void Stage::ShowKeys(StringView keys) { keys_ = keys.empty() ? std::vector<String>() : SplitString(keys, u"\n", 0); }
 
+std::string Stage::FaultOfData() {
+  try {
+    files_.OpenAnew();
+  } catch (const std::runtime_error& problem) {
+    return problem.what();
+  }
+  return FindFault(data_.description, files_, scenes_);
+}
+
 void Stage::Reload() {
-  const std::string fault = FindFault(data_.description, files_, scenes_);
+  const std::string fault = FaultOfData();
   notice_.clear();
   if (!fault.empty()) {
     notice_.push_back(base::ToUtf16("not loaded: " + fault));

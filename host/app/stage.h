@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/clock.h"
@@ -56,6 +57,8 @@ class Stage {
 
   [[nodiscard]] const std::filesystem::path& DataFolder() const { return data_.folder; }
 
+  [[nodiscard]] std::vector<std::filesystem::path> DataPlaces() const { return files_.Places(); }
+
   // Loads everything anew and shows again what was shown. When something cannot be loaded, all stays as it is, with a
   // line on screen that says why, and std::runtime_error is thrown with that line.
   void Reload();
@@ -95,6 +98,7 @@ class Stage {
  private:
   void Load(const Options& options);
   void SendInput(std::uint32_t id, std::uint32_t value);
+  std::string FaultOfData();  // what keeps the GUI from being loaded anew; empty for nothing
   void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
   void ShowFirstPage(StringView name) const;

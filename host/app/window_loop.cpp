@@ -6,12 +6,11 @@
 #include <chrono>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "engine/messages.h"
-#include "host/app/file_watch.h"
 #include "host/app/page_saver.h"
 
 namespace qen::host {
@@ -55,14 +54,13 @@ std::filesystem::path NextPictureName() {
 
 class WindowLoop {
  public:
-  WindowLoop(Stage& stage, Script& game, std::vector<std::filesystem::path> watched)
-      : stage_(stage), game_(game), watch_(std::move(watched)) {}
+  WindowLoop(Stage& stage, Script& game, FileWatch* watch) : stage_(stage), game_(game), watch_(watch) {}
 
   void Run(std::optional<std::uint32_t> frames) {
     for (std::uint32_t frame = 0; !closed_ && !stage_.HasQuit() && (!frames || frame < *frames); ++frame) {
       const Clock::time_point start = Clock::now();
       TakeInput();
-      if (watch_.HasChanged()) Reload();
+      if (watch_ != nullptr && watch_->HasChanged()) Reload();
       stage_.Update(Stage::kStep);
       if (const auto failure = game_.TakeFailure()) std::fprintf(stderr, "guihost: %s\n", failure->c_str());
       stage_.Draw();
@@ -172,16 +170,15 @@ class WindowLoop {
 
   Stage& stage_;
   Script& game_;
-  FileWatch watch_;
+  FileWatch* watch_;
   bool closed_ = false;
   bool pictureWanted_ = false;
 };
 
 }  // namespace
 
-void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames,
-                   std::vector<std::filesystem::path> watched) {
-  WindowLoop(stage, game, std::move(watched)).Run(frames);
+void RunWindowLoop(Stage& stage, Script& game, std::optional<std::uint32_t> frames, FileWatch* watch) {
+  WindowLoop(stage, game, watch).Run(frames);
 }
 
 }  // namespace qen::host

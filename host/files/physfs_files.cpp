@@ -54,6 +54,19 @@ bool ReadFrom(FoldedTree& tree, std::span<const String> parts, std::vector<std::
   return ReadFirst(tree.Find(parts), bytes);
 }
 
+std::string NameOf(const std::filesystem::path& place) {
+  const std::u8string utf8 = place.u8string();
+  return {utf8.begin(), utf8.end()};
+}
+
+// Each place has a root of its own in PhysicsFS, so that they can be searched one after the other.
+std::string RootOf(std::size_t mount) { return std::to_string(mount); }
+
+void MountAt(const std::string& root, const std::string& place) {
+  if (PHYSFS_mount(place.c_str(), root.c_str(), 1) != 0) return;
+  throw std::runtime_error("cannot read " + place + ": " + LastError());
+}
+
 }  // namespace
 
 PhysfsFiles::PhysfsFiles() {
@@ -64,21 +77,31 @@ PhysfsFiles::PhysfsFiles() {
 PhysfsFiles::~PhysfsFiles() { PHYSFS_deinit(); }
 
 void PhysfsFiles::Mount(const std::filesystem::path& place) {
-  // Each has its own place in PhysicsFS, so that they can be searched one after the other.
-  const std::string root = std::to_string(mounts_.size());
-  const std::u8string utf8 = place.u8string();
-  const std::string name(utf8.begin(), utf8.end());
-  if (PHYSFS_mount(name.c_str(), root.c_str(), 1) == 0) {
-    throw std::runtime_error("cannot read " + name + ": " + LastError());
+  const std::string root = RootOf(mounts_.size());
+  MountAt(root, NameOf(place));
+  mounts_.push_back({place, FoldedTree(root)});
+}
+
+std::vector<std::filesystem::path> PhysfsFiles::Places() const {
+  std::vector<std::filesystem::path> places;
+  for (const MountedPlace& mount : mounts_) places.push_back(mount.place);
+  return places;
+}
+
+void PhysfsFiles::OpenAnew() {
+  for (std::size_t i = 0; i < mounts_.size(); ++i) {
+    const std::string place = NameOf(mounts_[i].place);
+    PHYSFS_unmount(place.c_str());
+    mounts_[i].tree.Forget();
+    MountAt(RootOf(i), place);
   }
-  mounts_.emplace_back(root);
 }
 
 bool PhysfsFiles::Read(StringView name, std::vector<std::uint8_t>& bytes) {
   const auto parts = SplitDataPath(name);
   if (!parts) return false;
   return std::any_of(mounts_.rbegin(), mounts_.rend(),
-                     [&](FoldedTree& mount) { return ReadFrom(mount, *parts, bytes); });
+                     [&](MountedPlace& mount) { return ReadFrom(mount.tree, *parts, bytes); });
 }
 
 }  // namespace qen::host

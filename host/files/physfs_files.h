@@ -21,11 +21,23 @@ class PhysfsFiles final : public base::IFileBackend {
   // hide those of the same name that were added before. Throws std::runtime_error, naming it, when it cannot be read.
   void Mount(const std::filesystem::path& place);
 
+  // The places that were added, in that order.
+  [[nodiscard]] std::vector<std::filesystem::path> Places() const;
+
+  // Opens every place again: an archive may have been replaced. Throws std::runtime_error, naming it, when one cannot
+  // be read, which then has no files until this is called again.
+  void OpenAnew();
+
   // A file whose name is spelled exactly comes before one that differs in letter case, in the same folder or archive.
   bool Read(StringView name, std::vector<std::uint8_t>& bytes) override;
 
  private:
-  std::vector<FoldedTree> mounts_;
+  struct MountedPlace {
+    std::filesystem::path place;
+    FoldedTree tree;
+  };
+
+  std::vector<MountedPlace> mounts_;
 };
 
 }  // namespace qen::host

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/host/guihost_run.h"
+#include "tests/host/zip_file.h"
 
 namespace qen::host {
 namespace {
@@ -158,6 +159,24 @@ TEST_F(ScriptTest, LoadsAnewWhatHasChanged) {
       gui.frame(2)
     end
   )"),
+            0)
+      << err;
+}
+
+TEST_F(ScriptTest, LoadsAnewFromAnArchiveThatWasReplaced) {
+  PackZip(folder.Path(), folder.Path() / "game.zip");
+  folder.Write("Lang.txt", "lang english { str1 \"Another One\" }");
+  PackZip(folder.Path(), folder.Path() / "new.zip");
+  EXPECT_EQ(Play(R"(
+    check_equal(gui.text(1), "One")
+    assert(os.rename("new.zip", "game.zip"))
+    gui.reload()
+    check_equal(gui.text(1), "Another One")
+    os.remove("game.zip")
+    local done, why = pcall(gui.reload)
+    check(not done and why:find("cannot read game.zip", 1, true), why)
+  )",
+                 "--data game.zip"),
             0)
       << err;
 }
