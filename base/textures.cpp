@@ -47,6 +47,7 @@ void TextureService::Destroy(Resource* resource) {
 }
 
 std::optional<Image> TextureService::ReadPicture(const String& file) const {
+  if (file.empty()) return std::nullopt;  // nobody named one: no fault of its own
   constexpr const Char* kExtensions[] = {u"", u".png", u".jpg", u".tga", u".bmp"};
   const Backends& backends = engine_.backends;
   std::vector<std::uint8_t> bytes;
