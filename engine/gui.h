@@ -25,8 +25,10 @@ using TextTable = std::map<std::uint32_t, String>;
 // and pointers stay valid as long as the GUI is; names and files are zero-terminated, null counts as empty.
 class IGui : public Object {
  public:
-  virtual bool Load(const Char* descriptionFile, Camera* camera) = 0;  // true unless the file cannot be read
-  virtual bool AddPage(const Char* pageFile, Camera* camera) = 0;      // true, also for a page that does not load
+  // False when the file cannot be read. False, too, when the last page, bag or style that it names is a style file too
+  // short to be read (LoadStyle): all else is loaded then.
+  virtual bool Load(const Char* descriptionFile, Camera* camera) = 0;
+  virtual bool AddPage(const Char* pageFile, Camera* camera) = 0;  // true, also for a page that does not load
   virtual bool AddBagPage(const Char* bagFile, Camera* camera) = 0;
   virtual bool Update(std::uint32_t mouseState, Char key, std::uint32_t secondState) = 0;  // false without a viewport
   virtual bool FocusNext() = 0;                                                            // always true

@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "base/utf.h"
+#include "base/vfs.h"
 #include "engine/gui_page_object.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
 #include "engine/scene.h"
 #include "engine/string_converter.h"
 #include "host/app/definition_tokens.h"
+#include "host/app/page_outline.h"
 
 namespace qen::host {
 namespace {
@@ -27,18 +29,23 @@ std::string MissingNode(ICGUIObject& widget) {
   return widget.info->type == widget_type::kList ? "list" : "";
 }
 
-// Names of item blocks that the page has no widget for.
-std::vector<String> ItemsWithoutWidget(const ICGUIPageObject& page, base::IFileBackend& files) {
-  std::set<String> known;
-  for (const ICGUIObject* widget : page.items) known.insert(widget->info->name);
-  std::vector<String> names;
-  const auto tokens = ReadTokens(files, page.fileName).value_or(std::vector<String>());
-  for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
-    // A value may be the word too; widgets' names begin with their mark.
-    const bool block = tokens[i] == u"item" && tokens[i + 1].starts_with(u'~');
-    if (block && !known.contains(ttolowercase(tokens[i + 1]))) names.push_back(tokens[i + 1]);
-  }
-  return names;
+bool HasScene(const ICGUIPageObject& page) {
+  return page.scene != nullptr && (page.instance != nullptr || !page.scene->GetNodes().empty());
+}
+
+// Why the page has no scene, in one line. The engine has reported files that cannot be read, but nothing else.
+struct EmptyPage {
+  std::string reason;
+  bool isReported = false;
+};
+
+EmptyPage ExplainEmpty(const ICGUIPageObject& page, base::IFileBackend& files) {
+  if (page.fileName.empty()) return {"a page has no file"};
+  const std::string file = base::ToUtf8(page.fileName);
+  const auto tokens = ReadTokens(files, page.fileName);
+  if (!tokens) return {file + " cannot be read", true};
+  if (!BeginsWithName(*tokens)) return {file + kNoName};
+  return {file + ": its scene " + base::ToUtf8(page.name) + " cannot be loaded", true};
 }
 
 // The page that a command text names although there is none of that name; empty when all is well.
@@ -58,22 +65,25 @@ class Report {
     for (std::uint32_t page = 0; page < gui.GetPageCount(); ++page) pageNames_.insert(gui.GetPageName(page));
   }
 
-  // A file or a scene that cannot be read has been reported already.
-  void OnNoScene(const ICGUIPageObject& page) {
-    const auto tokens = ReadTokens(files_, page.fileName);
-    if (tokens && !BeginsWithName(*tokens)) print_(base::ToUtf8(page.fileName) + kNoName);
-  }
-
   void OnPage(const ICGUIPageObject& page) {
     const std::string place = base::ToUtf8(page.fileName) + ": ";
     if (page.items.empty()) print_(place + "no widgets in " + base::ToUtf8(page.name));
     for (ICGUIObject* widget : page.items) OnWidget(place + base::ToUtf8(widget->info->name), *widget);
-    for (const String& name : ItemsWithoutWidget(page, files_)) {
-      print_(place + "no widget " + base::ToUtf8(name) + " in " + base::ToUtf8(page.name));
-    }
+    OnFile(page, OutlineOf(ReadTokens(files_, page.fileName).value_or(std::vector<String>())), place);
   }
 
  private:
+  void OnFile(const ICGUIPageObject& page, const PageOutline& outline, const std::string& place) {
+    std::set<String> known;
+    for (const ICGUIObject* widget : page.items) known.insert(widget->info->name);
+    for (const String& name : outline.items) {
+      if (known.contains(ttolowercase(name))) continue;
+      print_(place + "no widget " + base::ToUtf8(name) + " in " + base::ToUtf8(page.name));
+    }
+    if (outline.unfinished.empty()) return;
+    print_(place + "it ends without the value of \"" + base::ToUtf8(outline.unfinished) + '"');
+  }
+
   void OnWidget(const std::string& place, ICGUIObject& widget) {
     const std::string node = MissingNode(widget);
     if (!node.empty()) print_(place + " has no node \"" + node + "\"");
@@ -95,11 +105,32 @@ void ReportIncompletePages(IGui& gui, base::IFileBackend& files,
   Report report(gui, files, print);
   for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
     const ICGUIPageObject& page = *gui.GetPage(i);
-    if (page.scene == nullptr) {
-      report.OnNoScene(page);
-    } else if (!page.scene->GetNodes().empty()) {
+    if (HasScene(page)) {
       report.OnPage(page);
+    } else if (const EmptyPage empty = ExplainEmpty(page, files); !empty.isReported) {
+      print(empty.reason);
     }
+  }
+}
+
+std::string FindEmptyPage(IGui& gui, base::IFileBackend& files) {
+  for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
+    if (!HasScene(*gui.GetPage(i))) return ExplainEmpty(*gui.GetPage(i), files).reason;
+  }
+  return {};
+}
+
+void ReportShortStyles(const String& description, base::IFileBackend& files,
+                       const std::function<void(const std::string& line)>& print) {
+  constexpr std::array<StringView, 4> kKeys{u"lang", u"name", u"bagname", u"tool"};
+  constexpr std::size_t kFewest = 2;  // characters
+  const auto tokens = ReadTokens(files, description).value_or(std::vector<String>());
+  std::vector<std::uint8_t> bytes;
+  for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
+    if (std::ranges::find(kKeys, tokens[i]) == kKeys.end()) continue;
+    const String& file = tokens[++i];
+    if (tokens[i - 1] != u"tool" || !files.Read(file, bytes) || base::DecodeText(bytes).size() >= kFewest) continue;
+    print(base::ToUtf8(file) + ": too short for a style, so there are no tooltips");
   }
 }
 

@@ -30,6 +30,8 @@ std::vector<std::uint8_t> WithoutAlpha(const std::vector<std::uint8_t>& rgba) {
 
 void WritePicture(const base::Image& image, const std::filesystem::path& file) {
   const std::vector<std::uint8_t> rgb = WithoutAlpha(image.rgba);
+  std::error_code isFailed;  // then the file cannot be opened either
+  std::filesystem::create_directories(file.parent_path(), isFailed);
   std::ofstream stream(file, std::ios::binary);
   const auto append = [](void* target, void* bytes, int size) {
     static_cast<std::ofstream*>(target)->write(static_cast<const char*>(bytes), size);

@@ -8,7 +8,8 @@
 
 namespace qen::host {
 
-// Writes a picture, opaque. Throws std::runtime_error, naming the file, when it cannot be written.
+// Writes a picture, opaque, and makes the folders it is in. Throws std::runtime_error, naming the file, when it cannot
+// be written.
 void WritePicture(const base::Image& image, const std::filesystem::path& file);
 
 // Nothing when the file cannot be read or is no picture.

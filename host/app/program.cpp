@@ -35,6 +35,7 @@ void SavePages(Stage& stage, const std::vector<PageSave>& saves) {
 void PlayScript(const Options& options) {
   Stage stage(options, {.offscreen = options.offscreen || !HasDisplay(), .manualClock = !options.realtime});
   Script(stage, {.realtime = options.realtime, .renewPictures = options.update}).Run(options.script);
+  stage.RequireAllPages();
 }
 
 void Play(const Options& options) {
@@ -57,6 +58,7 @@ void Play(const Options& options) {
     const auto watch = options.watch ? WatchFiles(stage.DataPlaces()) : nullptr;
     RunWindowLoop(stage, game, options.frames, watch.get());
   }
+  if (playsTour || !options.shot.empty()) stage.RequireAllPages();
 }
 
 }  // namespace

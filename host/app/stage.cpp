@@ -34,6 +34,8 @@ WindowOptions ToWindowOptions(const Options& options, const StageOptions& stageO
 
 void WarnInLog(StringView line) { System::output->PrintError(u"%s\n", String(line).c_str()); }
 
+void WarnOf(const std::string& line) { WarnInLog(base::ToUtf16(line)); }
+
 void PrintLine(std::FILE* to, const std::string& line) {
   std::fprintf(to, "%s\n", line.c_str());
   std::fflush(to);  // whoever reads it through a pipe sees it now
@@ -73,7 +75,9 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
 
 bool Stage::LoadDescription(const String& file) {
   const bool loaded = Gui().Load(file.c_str(), &camera_);
-  ReportIncompletePages(Gui(), files_, [](const std::string& line) { WarnInLog(base::ToUtf16(line)); });
+  ReportShortStyles(file, files_, WarnOf);
+  ReportIncompletePages(Gui(), files_, WarnOf);
+  if (emptyPage_.empty()) emptyPage_ = FindEmptyPage(Gui(), files_);
   Gui().SetViewport(&viewport_);
   Send(message::kMouseMove);  // the GUI asks where the cursor is
   return loaded;
@@ -87,7 +91,7 @@ void Stage::OnLog(StringView line, bool error) const {
 void Stage::Load(const Options& options) {
   System::SetBasePath(base::ToUtf16(data_.folder.string() + '/'));
   if (options.description.empty()) return;
-  if (!LoadDescription(data_.description)) throw std::runtime_error("cannot read " + options.description);
+  LoadDescription(data_.description);  // it can be read; false says that a style is too short
   if (!options.language.empty()) ChooseLanguage(base::ToUtf16(options.language));
   ShowFirstPage(base::ToUtf16(options.page));
 }
@@ -147,6 +151,7 @@ void Stage::Update(double seconds) {
   Send(message::kFrame);
   Deliver();
   engine_.Animate();
+  unseenPages_.Look(Gui(), WarnOf);
   PlaceTextField();
 }
 
@@ -175,6 +180,10 @@ void Stage::DrawScreenText() {
 
 void Stage::ShowKeys(StringView keys) { keys_ = keys.empty() ? std::vector<String>() : SplitString(keys, u"\n", 0); }
 
+void Stage::RequireAllPages() const {
+  if (!emptyPage_.empty()) throw std::runtime_error(emptyPage_);
+}
+
 std::string Stage::FaultOfData() {
   try {
     files_.OpenAnew();
@@ -193,6 +202,7 @@ void Stage::Reload() {
   }
   const GuiState state(Gui());
   Gui().Release();
+  emptyPage_.clear();
   LoadDescription(data_.description);
   state.Restore(Gui());
 }

@@ -20,6 +20,7 @@
 #include "host/app/module_library.h"
 #include "host/app/options.h"
 #include "host/app/screen_text.h"
+#include "host/app/unseen_pages.h"
 #include "host/files/physfs_files.h"
 #include "host/fonts/freetype_fonts.h"
 #include "host/render/gl_renderer.h"
@@ -59,6 +60,9 @@ class Stage {
 
   [[nodiscard]] std::vector<std::filesystem::path> DataPlaces() const { return files_.Places(); }
 
+  // Throws std::runtime_error, with one line, when a page is empty because its file or its scene could not be loaded.
+  void RequireAllPages() const;
+
   // Loads everything anew and shows again what was shown. When something cannot be loaded, all stays as it is, with a
   // line on screen that says why, and std::runtime_error is thrown with that line.
   void Reload();
@@ -69,7 +73,7 @@ class Stage {
   // Hears of every line of the log as well; null for nobody.
   void SetLogListener(std::function<void(StringView line)> listener) { logListener_ = std::move(listener); }
 
-  // Loads a description of the data, on top of what is loaded. False when it cannot be read.
+  // Loads a description of the data, on top of what is loaded. Its result is IGui::Load's.
   bool LoadDescription(const String& file);
 
   // Sends a message to the GUI.
@@ -125,6 +129,8 @@ class Stage {
   Camera camera_;
   Viewport viewport_;
   ModuleLibrary module_;
+  UnseenPages unseenPages_;
+  std::string emptyPage_;  // why the first page that is empty is so; empty for none
   std::optional<FrameTimes> frameTimes_;
   std::vector<String> keys_;
   std::vector<String> notice_;

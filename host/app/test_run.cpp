@@ -35,6 +35,7 @@ std::string FailureOf(const fs::path& script, const Options& options) {
   try {
     Stage stage(options, {.offscreen = true, .manualClock = true, .quiet = true});
     Script(stage, {.renewPictures = options.update}).Run(script);
+    stage.RequireAllPages();
     return {};
   } catch (const std::exception& failure) {
     return failure.what();

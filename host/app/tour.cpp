@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <optional>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -186,11 +185,6 @@ class Tour {
 
 }  // namespace
 
-void PlayTour(Stage& stage, const std::filesystem::path& folder) {
-  std::error_code problem;
-  std::filesystem::create_directories(folder, problem);
-  if (problem) throw std::runtime_error("cannot make the folder " + folder.string() + ": " + problem.message());
-  Tour(stage, folder).Run();
-}
+void PlayTour(Stage& stage, const std::filesystem::path& folder) { Tour(stage, folder).Run(); }
 
 }  // namespace qen::host

@@ -1,5 +1,6 @@
 #include "host/app/trace_file.h"
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
@@ -18,7 +19,10 @@ std::string ToJsonLine(const base::Call& call) {
 
 }  // namespace
 
-TraceFile::TraceFile(const std::string& file) : name_(file), file_(file, std::ios::binary) {
+TraceFile::TraceFile(const std::string& file) : name_(file) {
+  std::error_code isFailed;  // then the file cannot be opened either
+  std::filesystem::create_directories(std::filesystem::path(file).parent_path(), isFailed);
+  file_.open(file, std::ios::binary);
   if (!file_) throw std::runtime_error("cannot write " + name_);
   tap_.emplace([this](const base::Call& call) { file_ << ToJsonLine(call); });
 }

@@ -12,7 +12,7 @@ namespace qen::host {
 // Records while it lives. A call is one JSON object on a line: {"call":"ISceneMng::CreateScene","args":["menu",true]}.
 class TraceFile {
  public:
-  // Throws std::runtime_error, naming the file, when it cannot be written.
+  // Makes the folders that the file is in. Throws std::runtime_error, naming the file, when it cannot be written.
   explicit TraceFile(const std::string& file);
   ~TraceFile() = default;
   TraceFile(const TraceFile&) = delete;

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <sstream>
@@ -64,16 +65,46 @@ TEST_F(GuihostTest, NamesWhatIsNotInTheGui) {
 
 TEST_F(GuihostTest, TellsWhatAnArtistHasForgotten) {
   folder.Write("Pages/First.txt",
-               "name scenes\\first.glb item ~bSquare { message setpage:third.glb } item ~bCircle { textid 1 }");
+               "name scenes\\first.glb item ~bSquare { message setpage:third.glb message item } "
+               "item ~bCircle { textid 1 } item bGo { textid");
   ASSERT_EQ(Run("Gui.txt --frames 1 --size 16x16"), 0);
   EXPECT_THAT(err, HasSubstr("first.txt: ~bsquare names a page that does not exist: third.glb"));
   EXPECT_THAT(err, HasSubstr("first.txt: no widget ~bCircle in scenes\\first.glb"));
+  EXPECT_THAT(err, HasSubstr("first.txt: no widget bGo in scenes\\first.glb"));
+  EXPECT_THAT(err, HasSubstr("first.txt: it ends without the value of \"textid\""));
+  EXPECT_EQ(std::ranges::count(err, '\n'), 4) << err;
+}
+
+TEST_F(GuihostTest, TellsOfAStyleThatIsMissingOrTooShort) {
+  folder.Write("Gui.txt", "name pages\\first.txt tool style.txt");
+  ASSERT_EQ(Run("Gui.txt --shot a.png --size 16x16"), 0);
+  EXPECT_EQ(err, "Can't load file style.txt\n");
+  folder.Write("Style.txt", "x");
+  ASSERT_EQ(Run("Gui.txt --shot a.png --size 16x16"), 0);
+  EXPECT_EQ(err, "style.txt: too short for a style, so there are no tooltips\n");
+}
+
+TEST_F(GuihostTest, FailsInTheEndWhenAPageIsMissing) {
+  folder.Write("Gui.txt", "lang lang.txt name pages\\first.txt name pages\\third.txt");
+  folder.Write("Checks/check.lua", "gui.settle() gui.shot('script.png')");
+  const std::string noFile = "guihost: pages\\third.txt cannot be read\n";
+  for (const std::string mode : {"--shot shot.png", "--tour tour", "--script Checks/check.lua --offscreen"}) {
+    EXPECT_NE(Run("Gui.txt --size 16x16 " + mode), 0) << mode;
+    EXPECT_THAT(err, EndsWith(noFile)) << mode;
+  }
+  for (const char* picture : {"shot.png", "tour/01_first.png", "script.png"}) EXPECT_TRUE(Picture(picture)) << picture;
+  EXPECT_NE(Run("test Checks Gui.txt"), 0);
+  EXPECT_THAT(out, HasSubstr("third.txt cannot be read"));
+  EXPECT_EQ(Run("Gui.txt --frames 1 --size 16x16"), 0) << "people go on without it";
+  folder.Write("Pages/Third.txt", "name scenes\\third.glb");
+  EXPECT_NE(Run("Gui.txt --size 16x16 --shot shot.png"), 0);
+  EXPECT_THAT(err, EndsWith("guihost: pages\\third.txt: its scene scenes\\third.glb cannot be loaded\n"));
 }
 
 TEST_F(GuihostTest, NamesWhatCannotBeWritten) {
-  EXPECT_THAT(Complaint("Gui.txt --shot nosuch/a.png"), HasSubstr("nosuch/a.png"));
+  EXPECT_THAT(Complaint("Gui.txt --shot Lang.txt/a.png"), HasSubstr("Lang.txt/a.png"));
   EXPECT_THAT(Complaint("Gui.txt --tour Lang.txt"), HasSubstr("Lang.txt"));
-  EXPECT_THAT(Complaint("Gui.txt --frames 1 --trace nosuch/a.json"), HasSubstr("nosuch/a.json"));
+  EXPECT_THAT(Complaint("Gui.txt --frames 1 --trace Lang.txt/a.json"), HasSubstr("Lang.txt/a.json"));
 }
 
 TEST_F(GuihostTest, TellsItsOptionsAndVersion) {
@@ -87,9 +118,9 @@ TEST_F(GuihostTest, TellsItsOptionsAndVersion) {
 }
 
 TEST_F(GuihostTest, TakesAPictureOfThePageAskedFor) {
-  ASSERT_EQ(Run("Gui.txt --shot first.png --size 64x48"), 0) << err;
+  ASSERT_EQ(Run("Gui.txt --shot new/deep/first.png --size 64x48"), 0) << err;
   ASSERT_EQ(Run("Gui.txt --shot second.png --size 64x48 --page SECOND"), 0) << err;
-  const auto first = Picture("first.png");
+  const auto first = Picture("new/deep/first.png");
   const auto second = Picture("second.png");
   ASSERT_TRUE(first && second);
   ASSERT_EQ(first->width, 64);
@@ -141,8 +172,8 @@ TEST_F(GuihostTest, PlaysTheTourWithoutADisplay) {
 }
 
 TEST_F(GuihostTest, TracesTheCallsAsJson) {
-  ASSERT_EQ(Run("Gui.txt --frames 2 --trace calls.json --size 16x16"), 0) << err;
-  std::istringstream lines(folder.Read("calls.json"));
+  ASSERT_EQ(Run("Gui.txt --frames 2 --trace new/calls.json --size 16x16"), 0) << err;
+  std::istringstream lines(folder.Read("new/calls.json"));
   std::vector<std::string> calls;
   for (std::string line; std::getline(lines, line);) {
     const auto call = nlohmann::json::parse(line);

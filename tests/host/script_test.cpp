@@ -181,6 +181,36 @@ TEST_F(ScriptTest, LoadsAnewFromAnArchiveThatWasReplaced) {
       << err;
 }
 
+TEST_F(ScriptTest, HearsOfPagesThatTakeInputUnseen) {
+  EXPECT_EQ(Play(R"(
+    local unseen = "second.glb takes input but is not drawn"
+    local function times_told()
+      local times = 0
+      for _, line in ipairs(gui.log()) do
+        if line == unseen then times = times + 1 end
+      end
+      return times
+    end
+    gui.setpage("second")
+    gui.frame(30)
+    gui.command("setpage:first.glb")
+    gui.frame(30)
+    check_equal(times_told(), 0)
+    gui.command("setpage:second.glb")
+    gui.command("setpage:first.glb")
+    gui.frame(30)
+    check_equal(gui.active(), {"second", "first"})
+    check_equal(times_told(), 1, "once")
+    gui.command("addrenderpage:second.glb")
+    gui.frame(30)
+    gui.command("remrenderpage:second.glb")
+    gui.frame(30)
+    check_equal(times_told(), 1, "again, when it begins again")
+  )"),
+            0)
+      << err;
+}
+
 TEST_F(ScriptTest, ManyAreTests) {
   folder.Write("Checks/one.lua", "gui.settle() check_equal(gui.active(), {'first'}) gui.setpage('second')");
   folder.Write("Checks/two.lua", "gui.settle() check_equal(gui.active(), {'first'}) -- a fresh GUI");
