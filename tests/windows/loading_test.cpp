@@ -84,6 +84,7 @@ TEST_F(LoadingTheDll, AHundredTimesLeavesNoHandlesAndLittleMemory) {
     fs::remove_all(data.Path() / "bak");
     engine.log.clear();
     engine.errors.clear();
+    engine.files.reads.clear();
     LoadAndUse(GUI_MODULE_FILE, engine);
   };
   for (int i = 0; i < 5; ++i) round();
@@ -92,8 +93,8 @@ TEST_F(LoadingTheDll, AHundredTimesLeavesNoHandlesAndLittleMemory) {
   const Use after = InUse();
   EXPECT_EQ(after.handles, before.handles);
   EXPECT_GT(before.bytes, 100000U) << "the heap was counted";
-  // What the C++ library of a DLL leaves behind is 75,000 bytes a time.
-  constexpr std::size_t kSmallChange = 2000;
+  // What the C++ library of a DLL would leave behind is 75,000 bytes a time; what its thread library does is 760.
+  constexpr std::size_t kSmallChange = 1000;
   EXPECT_LT(after.bytes, before.bytes + 100 * kSmallChange);
 }
 
