@@ -27,6 +27,11 @@ inline constexpr std::int32_t kAnimOut = 3;
 inline constexpr std::int32_t kNone = -1;
 }  // namespace sound_kind
 
+namespace page_kind {
+inline constexpr std::uint32_t kOrdinary = 0;
+inline constexpr std::uint32_t kBag = 2;
+}  // namespace page_kind
+
 // Operations in a fixed order; the fields are shared by all kinds of pages. Owned by the GUI book.
 class QEN_API ICGUIPageObject {
  public:
@@ -67,7 +72,7 @@ class QEN_API ICGUIPageObject {
   ICGUIPageObject(const ICGUIPageObject&) = delete;
   ICGUIPageObject& operator=(const ICGUIPageObject&) = delete;
 
-  std::uint32_t kind = 0;    // as given to LoadPage
+  std::uint32_t kind = 0;    // as given to LoadPage (page_kind)
   std::int32_t animIn = -1;  // positions in `anims`
   std::int32_t animOut = -1;
   std::vector<ICGUIAnim*> anims;    // owned by the page, in definition order

@@ -14,9 +14,6 @@
 namespace qen {
 namespace {
 
-constexpr std::uint32_t kOrdinaryPage = 0;
-constexpr std::uint32_t kBagPage = 2;
-
 bool Contains(const std::vector<std::uint32_t>& pages, std::uint32_t page) {
   return std::find(pages.begin(), pages.end(), page) != pages.end();
 }
@@ -25,7 +22,7 @@ bool Contains(const std::vector<std::uint32_t>& pages, std::uint32_t page) {
 
 bool CGUIBook::AddPage(const Char* pageFile, Camera* camera) {
   const Busy busy(*this);
-  Register(std::make_unique<CGUIPage>(), pageFile, kOrdinaryPage, camera);
+  Register(std::make_unique<CGUIPage>(), pageFile, page_kind::kOrdinary, camera);
   // Every widget starts from its unhovered state.
   pages_.back()->Pick(nullptr, 0, 0, 0, 0, 0);
   return true;
@@ -33,7 +30,7 @@ bool CGUIBook::AddPage(const Char* pageFile, Camera* camera) {
 
 bool CGUIBook::AddBagPage(const Char* bagFile, Camera* camera) {
   const Busy busy(*this);
-  Register(std::make_unique<CGUIBagPage>(), bagFile, kBagPage, camera);
+  Register(std::make_unique<CGUIBagPage>(), bagFile, page_kind::kBag, camera);
   return true;
 }
 

@@ -43,8 +43,11 @@ std::int32_t Game::OnMessage(const Msg& message) {
 }
 
 void Game::OnCommand(GuiMessage& record) {
+  if (IsGuiWord(record.command)) ++commandCount_;
   if (record.handled != 0 || IsGuiWord(record.command)) return;
-  if (hook_ && hook_(record)) return;
+  const bool isSeenTo = hook_ && hook_(record);
+  if (!isSeenTo || record.handled != 0) ++commandCount_;
+  if (isSeenTo) return;
   print_("command: " + Words(record));
   if (record.command == u"quit") quit_ = true;
   if (record.command == u"language") System::gui->SetLanguage(record.argument);
@@ -52,7 +55,8 @@ void Game::OnCommand(GuiMessage& record) {
 }
 
 void Game::OnNotification(GuiMessage& record) {
-  if (hook_ && hook_(record)) return;
+  ++commandCount_;
+  if (!IsGuiWord(record.command) && hook_ && hook_(record)) return;
   std::string line = "notification: " + Words(record);
   const ICGUIObject* source = FindLiving(*System::gui, record.source);
   if (source != nullptr && source->info != nullptr) {

@@ -1,6 +1,7 @@
 // Plays the part of the game: takes the commands that the GUI leaves to others.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -28,6 +29,10 @@ class Game final : public Object {
   std::int32_t OnMessage(const Msg& message) override;
 
   void SetHook(CommandHook hook) { hook_ = std::move(hook); }
+
+  // The commands so far that the GUI or somebody here takes; those that wait count with each delivery.
+  [[nodiscard]] std::uint64_t CommandCount() const { return commandCount_; }
+
   [[nodiscard]] bool HasQuit() const { return quit_; }
 
  private:
@@ -37,6 +42,7 @@ class Game final : public Object {
   LineSink print_;
   CommandHook hook_;
   bool quit_ = false;
+  std::uint64_t commandCount_ = 0;
 };
 
 }  // namespace qen::host

@@ -80,6 +80,9 @@ void Declare(CLI::App& app, Options& options) {
       ->type_name("FILE");
   app.add_option("--script", options.script, "Runs a script that drives the GUI (docs/scripting.md), and ends")
       ->type_name("FILE");
+  app.add_option("--timeout", options.timeout, "A script that runs longer than so many seconds fails, 60 without it")
+      ->type_name("SECONDS")
+      ->check(CLI::PositiveNumber);
   app.add_flag("--realtime", options.realtime, "A script's frames take as long as they last");
   app.add_flag("--update", options.update, "Scripts replace golden pictures instead of comparing with them");
   app.add_option("--language", options.language, "The language of the texts, english without it")->type_name("NAME");

@@ -32,6 +32,7 @@ struct Options {
   std::string game;
   std::string script;
   std::string testFolder;  // not empty: its scripts are run as tests, and nothing else is done
+  double timeout = 60.0;   // seconds a script
   bool realtime = false;
   bool update = false;
   bool fps = false;

@@ -68,14 +68,12 @@ ICGUIObject& FindWidget(IGui& gui, StringView name) {
   return *found;
 }
 
-bool Settle(IGui& gui, std::int32_t longest, const std::function<void()>& step) {
-  constexpr int kQuietSteps = 3;  // commands that waited for an animation are carried out in the step after its end
-  int quiet = 0;
-  for (std::int32_t taken = 0; taken < longest && quiet < kQuietSteps; ++taken) {
-    step();
-    quiet = FindPlayingAnim(gui) == nullptr ? quiet + 1 : 0;
+// Commands that wait for an animation are offered as long as it plays, and what they bring is seen a step later.
+bool Settle(IGui& gui, std::int32_t longest, const std::function<bool()>& step) {
+  for (std::int32_t taken = 0; taken < longest; ++taken) {
+    if (!step() && FindPlayingAnim(gui) == nullptr) return true;
   }
-  return quiet == kQuietSteps;
+  return false;
 }
 
 ICGUIAnim* FindPlayingAnim(IGui& gui) {

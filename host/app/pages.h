@@ -37,8 +37,9 @@ ICGUIObject& FindWidget(IGui& gui, StringView name);
 // The animation that keeps any of the pages busy; null when none is playing.
 ICGUIAnim* FindPlayingAnim(IGui& gui);
 
-// Takes steps until no page is animated and nothing waits. False when that is not so after `longest` of them.
-bool Settle(IGui& gui, std::int32_t longest, const std::function<void()>& step);
+// Takes steps, which tell whether commands were carried out in them, until one has none and no page is animated. False
+// when that is not so after `longest` of them.
+bool Settle(IGui& gui, std::int32_t longest, const std::function<bool()>& step);
 
 // The text on an active page that is being edited; null when none is.
 ICGUIText* FindEditedText(IGui& gui);

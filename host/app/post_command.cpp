@@ -41,6 +41,7 @@ void PostCommand(IGui& gui, const String& text) {
   auto messages = std::exchange(info.messages, {});
   info.messages.push_back(std::make_unique<GuiMessage>());
   info.messages.back()->text = text;
+  info.messages.back()->source = button;
 
   button->Update(RayInto(*button));
 

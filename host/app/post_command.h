@@ -6,8 +6,8 @@
 
 namespace qen::host {
 
-// Posts a command text as if a widget of an active page (or else of any page) carried it and was clicked. Throws
-// std::runtime_error when no page has a button that could.
+// Posts a command text as if a button of an active page (or else of any page) carried it and was clicked; the button is
+// its source. Throws std::runtime_error when no page has a button that could.
 void PostCommand(IGui& gui, const String& text);
 
 }  // namespace qen::host

@@ -34,7 +34,11 @@ void SavePages(Stage& stage, const std::vector<PageSave>& saves) {
 // Without a display it is not seen, but does all the same.
 void PlayScript(const Options& options) {
   Stage stage(options, {.offscreen = options.offscreen || !HasDisplay(), .manualClock = !options.realtime});
-  Script(stage, {.realtime = options.realtime, .renewPictures = options.update}).Run(options.script);
+  Script script(stage, {.realtime = options.realtime,
+                        .renewPictures = options.update,
+                        .trustsGame = !options.game.empty(),
+                        .timeout = options.timeout});
+  script.Run(options.script);
   stage.RequireAllPages();
 }
 
@@ -46,7 +50,7 @@ void Play(const Options& options) {
   const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames && !savesPages);
   const bool takesTime = !offscreen && options.shot.empty();
   Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime});
-  Script game(stage, {.listens = false});
+  Script game(stage, {.trustsGame = !options.game.empty(), .timeout = options.timeout, .listens = false});
   if (savesPages) SavePages(stage, options.savedPages);
   if (playsTour) {
     PlayTour(stage, wantsTour ? options.tour : kTourFolder);

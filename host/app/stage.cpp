@@ -164,7 +164,9 @@ void Stage::PlaceTextField() {
 void Stage::DrawPages() {
   engine_.BeginFrame();
   Send(message::kRender, 0, reinterpret_cast<std::uintptr_t>(&viewport_));
+  drawsTooltip_ = true;
   Gui().DrawTooltip(&viewport_);
+  drawsTooltip_ = false;
   DrawScreenText();
 }
 
@@ -201,6 +203,7 @@ void Stage::Reload() {
     throw std::runtime_error("not loaded: " + fault);
   }
   const GuiState state(Gui());
+  if (reloadListener_) reloadListener_();
   Gui().Release();
   emptyPage_.clear();
   LoadDescription(data_.description);
@@ -220,7 +223,11 @@ void Stage::DrawHidden() {
 }
 
 void Stage::Settle() {
-  host::Settle(Gui(), kLongestWait, [this] { Update(kStep); });
+  host::Settle(Gui(), kLongestWait, [this] {
+    const std::uint64_t before = game_.CommandCount();
+    Update(kStep);
+    return game_.CommandCount() > before;
+  });
 }
 
 void Stage::WritePicture(const std::filesystem::path& file) {

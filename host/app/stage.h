@@ -55,6 +55,7 @@ class Stage {
   [[nodiscard]] const std::filesystem::path& GameScript() const { return gameScript_; }  // empty for none
 
   [[nodiscard]] bool IsOffscreen() const { return offscreen_; }
+  [[nodiscard]] bool IsDrawingTooltip() const { return drawsTooltip_; }
 
   [[nodiscard]] const std::filesystem::path& DataFolder() const { return data_.folder; }
 
@@ -72,6 +73,9 @@ class Stage {
 
   // Hears of every line of the log as well; null for nobody.
   void SetLogListener(std::function<void(StringView line)> listener) { logListener_ = std::move(listener); }
+
+  // Is called when everything is about to be loaded anew, while the old GUI is still there; null for nobody.
+  void SetReloadListener(std::function<void()> listener) { reloadListener_ = std::move(listener); }
 
   // Loads a description of the data, on top of what is loaded. Its result is IGui::Load's.
   bool LoadDescription(const String& file);
@@ -113,7 +117,9 @@ class Stage {
   bool offscreen_;
   bool quiet_;
   bool hidden_ = false;  // what was drawn last
+  bool drawsTooltip_ = false;
   std::function<void(StringView)> logListener_;
+  std::function<void()> reloadListener_;
   PhysfsFiles files_;
   GameData data_;
   std::filesystem::path gameScript_;

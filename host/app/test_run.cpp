@@ -34,7 +34,9 @@ std::vector<fs::path> FindScripts(const std::string& folder) {
 std::string FailureOf(const fs::path& script, const Options& options) {
   try {
     Stage stage(options, {.offscreen = true, .manualClock = true, .quiet = true});
-    Script(stage, {.renewPictures = options.update}).Run(script);
+    const ScriptOptions scripts{
+        .renewPictures = options.update, .trustsGame = !options.game.empty(), .timeout = options.timeout};
+    Script(stage, scripts).Run(script);
     stage.RequireAllPages();
     return {};
   } catch (const std::exception& failure) {

@@ -2,12 +2,10 @@
 #include <array>
 #include <memory>
 #include <stdexcept>
-#include <vector>
+#include <utility>
 
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
-#include "engine/resource.h"
-#include "engine/texture.h"
 #include "host/app/pages.h"
 #include "host/script/script_functions.h"
 #include "host/script/script_world.h"
@@ -26,25 +24,35 @@ std::unique_ptr<ScriptBagEntry> ReadEntry(lua_State* state) {
   return entry;
 }
 
+std::uint32_t BagArgument(ScriptWorld& world, lua_State* state) {
+  const String name = WideArgument(state, 1);
+  const std::uint32_t page = PageNamed(world.Gui(), name);
+  if (world.Gui().GetPage(page)->kind == page_kind::kBag) return page;
+  throw std::runtime_error(base::ToUtf8(name) + " is no bag: the description loads it by name, not bagname");
+}
+
 int Bag(ScriptWorld& world, lua_State* state) {
-  const std::uint32_t page = PageNamed(world.Gui(), WideArgument(state, 1));
+  const std::uint32_t bag = BagArgument(world, state);
   luaL_checktype(state, 2, LUA_TTABLE);
-  std::vector<std::unique_ptr<ScriptBagEntry>> entries;
+  BagEntries entries;
   const lua_Integer count = luaL_len(state, 2);
   for (lua_Integer i = 1; i <= count; ++i) {
     lua_geti(state, 2, i);
     entries.push_back(ReadEntry(state));
     lua_pop(state, 1);
   }
-  world.SetBag(page, std::move(entries));
+  world.Pictures().Fill(world.Gui(), bag, std::move(entries));
   return 0;
 }
 
 // The position in the list, from 1; nil when the bag is empty.
 int BagSelected(ScriptWorld& world, lua_State* state) {
-  const std::uint32_t page = PageNamed(world.Gui(), WideArgument(state, 1));
-  if (!world.HasBag(page)) return 0;
-  Push(state, std::int64_t{world.Gui().GetPage(page)->focusIndex} + 1);
+  const std::uint32_t bag = BagArgument(world, state);
+  if (world.Pictures().IsFilled(bag)) {
+    Push(state, std::int64_t{world.Gui().GetPage(bag)->focusIndex} + 1);
+  } else {
+    lua_pushnil(state);
+  }
   return 1;
 }
 

@@ -11,7 +11,7 @@ int On(ScriptWorld& world, lua_State* state) {
   const String word = WideArgument(state, 1);
   luaL_checktype(state, 2, LUA_TFUNCTION);
   lua_settop(state, 2);
-  world.SetHandler(word);
+  world.SetHandler(state, word);
   return 0;
 }
 

@@ -28,6 +28,7 @@ int Load(ScriptWorld& world, lua_State* state) {
 }
 
 int Unload(ScriptWorld& world, lua_State*) {
+  world.Pictures().TakeBack(world.Gui());
   world.Gui().Release();
   return 0;
 }
@@ -85,9 +86,16 @@ int Frame(ScriptWorld& world, lua_State* state) {
 
 int Settle(ScriptWorld& world, lua_State* state) {
   const std::int32_t longest = IntegerArgument(state, 1, kLongestWait);
-  if (host::Settle(world.Gui(), longest, [&world] { world.Frame(Stage::kStep); })) return 0;
+  luaL_argcheck(state, longest >= 1, 1, "not a number of frames");
+  const Game& game = world.GetStage().GetGame();
+  const auto step = [&] {
+    const std::uint64_t before = game.CommandCount();
+    world.Frame(Stage::kStep);
+    return game.CommandCount() > before;
+  };
+  if (host::Settle(world.Gui(), longest, step)) return 0;
   ICGUIAnim* playing = FindPlayingAnim(world.Gui());
-  const std::string what = playing != nullptr ? base::ToUtf8(playing->name) + " still plays" : "not settled";
+  const std::string what = playing != nullptr ? base::ToUtf8(playing->name) + " still plays" : "commands still wait";
   throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
 }
 

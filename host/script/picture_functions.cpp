@@ -8,6 +8,7 @@
 #include "host/app/picture_file.h"
 #include "host/script/script_functions.h"
 #include "host/script/script_world.h"
+#include "host/script/writing_place.h"
 
 namespace qen::host {
 namespace {
@@ -30,14 +31,14 @@ int Resize(ScriptWorld& world, lua_State* state) {
 }
 
 int Shot(ScriptWorld& world, lua_State* state) {
-  WritePicture(world, TextArgument(state, 1));
+  WritePicture(world, WritablePicture(state, 1, "gui.shot"));
   return 0;
 }
 
 // Compares the picture on screen, written to the first file, with the second one.
 int SameImage(ScriptWorld& world, lua_State* state) {
-  const fs::path file = TextArgument(state, 1);
-  const fs::path golden = TextArgument(state, 2);
+  const fs::path file = WritablePicture(state, 1, "gui.same_image");
+  const fs::path golden = WritablePicture(state, 2, "gui.same_image");
   const double tolerance = luaL_optnumber(state, 3, kPictureTolerance);
   WritePicture(world, file);
   if (world.RenewsPictures()) {

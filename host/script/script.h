@@ -8,15 +8,16 @@
 
 #include "host/app/stage.h"
 
-struct lua_State;
-
 namespace qen::host {
 
+class ScriptState;
 class ScriptWorld;
 
 struct ScriptOptions {
   bool realtime = false;       // frames take as long as they last; otherwise they follow each other at once
   bool renewPictures = false;  // golden pictures are replaced instead of compared with
+  bool trustsGame = false;     // the game's script may do what Lua can; without, what script_state.h allows to Found
+  double timeout = 60.0;       // seconds that a script may run, and each of its handlers
   bool listens = true;         // sounds and tooltips are kept for the script, which costs some time each frame
 };
 
@@ -38,12 +39,9 @@ class Script {
   std::optional<std::string> TakeFailure();
 
  private:
-  struct Close {
-    void operator()(lua_State* state) const;
-  };
-
-  std::unique_ptr<lua_State, Close> state_;
   std::unique_ptr<ScriptWorld> world_;
+  std::unique_ptr<ScriptState> game_;  // apart from the other scripts
+  std::unique_ptr<ScriptState> own_;
 };
 
 }  // namespace qen::host

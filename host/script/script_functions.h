@@ -34,4 +34,6 @@ ScriptFunctions GlobalFunctions();  // the checks
 // Adds the functions to the table on top of the stack.
 void AddFunctions(lua_State* state, ScriptFunctions functions);
 
+void AddScriptFunctions(lua_State* state);  // all of them
+
 }  // namespace qen::host

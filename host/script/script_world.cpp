@@ -7,43 +7,36 @@
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
 #include "engine/item_info.h"
-#include "engine/resource.h"
-#include "engine/texture.h"
 #include "host/app/pages.h"
+#include "host/script/script_state.h"
 
 namespace qen::host {
 
-Texture* LoadTexture(const String& file) {
-  Texture* texture = TextureManager::GetSingleton()->Load(file, kDefaultGroup, 0, 0);
-  if (texture == nullptr) throw std::runtime_error("cannot load the picture " + base::ToUtf8(file));
-  return texture;
-}
-
-ScriptWorld::ScriptWorld(Stage& stage, lua_State* state, const ScriptOptions& options)
-    : stage_(stage), state_(state), options_(options) {
+ScriptWorld::ScriptWorld(Stage& stage, const ScriptOptions& options) : stage_(stage), options_(options) {
   if (options.listens) tap_.emplace([this](const base::Call& call) { OnCall(call); });
   stage_.GetGame().SetHook([this](GuiMessage& record) { return OnCommand(record); });
   stage_.SetLogListener([this](StringView line) { log_.push_back(base::ToUtf8(line)); });
+  stage_.SetReloadListener([this] { pictures_.TakeBack(Gui()); });
 }
 
 ScriptWorld::~ScriptWorld() {
   stage_.GetGame().SetHook({});
   stage_.SetLogListener({});
-  for (const auto& [page, entries] : bags_) {
-    if (ICGUIPageObject* bag = Gui().GetPage(page)) bag->SetBagItems({});
-  }
+  stage_.SetReloadListener({});
+  pictures_.TakeBack(Gui());
 }
 
 void ScriptWorld::OnCall(const base::Call& call) {
   if (call.name == "ISound::Play" && call.arguments.back() != base::CallArgument("")) {
     sounds_.push_back(std::get<std::string>(call.arguments.back()));
   }
-  // Nothing else is written in two dimensions while a script runs.
-  if (call.name == "Drawing::DrawText2D") tooltip_ = std::get<std::string>(call.arguments.back());
+  if (call.name == "Drawing::DrawText2D" && stage_.IsDrawingTooltip())
+    tooltip_ = std::get<std::string>(call.arguments.back());
 }
 
 void ScriptWorld::Frame(double seconds) {
   if (options_.realtime) std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+  limit_.Check();
   tooltip_.reset();
   stage_.Update(seconds);
   if (stage_.IsOffscreen()) {
@@ -51,6 +44,7 @@ void ScriptWorld::Frame(double seconds) {
   } else {
     ShowFrame();
   }
+  pictures_.EndFrame();
   if (const auto failure = TakeFailure()) throw HandlerFailure(*failure);
 }
 
@@ -62,48 +56,40 @@ void ScriptWorld::ShowFrame() {
   }
 }
 
-void ScriptWorld::SetHandler(const String& word) {
-  const auto [handler, isNew] = handlers_.try_emplace(word, LUA_NOREF);
-  luaL_unref(state_, LUA_REGISTRYINDEX, handler->second);
-  handler->second = luaL_ref(state_, LUA_REGISTRYINDEX);
+void ScriptWorld::SetHandler(lua_State* state, const String& word) {
+  const Handler handler{&ScriptState::Of(state), luaL_ref(state, LUA_REGISTRYINDEX)};
+  const auto [known, isNew] = handlers_.try_emplace(word, handler);
+  if (isNew) return;
+  if (known->second.state == handler.state) luaL_unref(state, LUA_REGISTRYINDEX, known->second.function);
+  known->second = handler;
 }
 
 // An error must not pass through the GUI, which is in the middle of a delivery: it waits for the end of the frame.
 bool ScriptWorld::OnCommand(GuiMessage& record) {
-  const auto handler = handlers_.find(record.command);
-  if (handler == handlers_.end()) return false;
-  const int top = lua_gettop(state_);
-  lua_rawgeti(state_, LUA_REGISTRYINDEX, handler->second);
-  PushRecord(record);
-  if (lua_pcall(state_, 1, 1, 0) != LUA_OK) {
-    const char* problem = lua_tostring(state_, -1);
-    failure_ = problem != nullptr ? problem : "a handler failed";
-  } else if (lua_toboolean(state_, -1) != 0) {
-    record.handled = 1;
+  const auto found = handlers_.find(record.command);
+  if (found == handlers_.end()) return false;
+  const Handler handler = found->second;
+  try {
+    const auto push = [&](lua_State* state) { PushRecord(state, record); };
+    if (handler.state->Call(handler.function, push)) record.handled = 1;
+  } catch (const std::exception& failure) {
+    failure_ = failure.what();
+    record.handled = 1;  // or it would fail again in each frame
   }
-  lua_settop(state_, top);
   return true;
 }
 
-void ScriptWorld::PushRecord(const GuiMessage& record) {
-  lua_createtable(state_, 0, 7);
-  SetField(state_, "text", StringView(record.text));
-  SetField(state_, "command", StringView(record.command));
-  SetField(state_, "argument", StringView(record.argument));
-  SetField(state_, "value", std::int64_t{record.value});
-  if (record.page != nullptr) SetField(state_, "page", StringView(ShortName(record.page->baseName)));
+void ScriptWorld::PushRecord(lua_State* state, const GuiMessage& record) {
+  lua_createtable(state, 0, 7);
+  SetField(state, "text", StringView(record.text));
+  SetField(state, "command", StringView(record.command));
+  SetField(state, "argument", StringView(record.argument));
+  SetField(state, "value", std::int64_t{record.value});
+  if (record.page != nullptr) SetField(state, "page", StringView(ShortName(record.page->baseName)));
   ICGUIObject* source = FindLiving(Gui(), record.source);
   if (source == nullptr) return;
-  SetField(state_, "source", StringView(source->info->name));
-  SetField(state_, "id", std::int64_t{source->GetId()});
-}
-
-void ScriptWorld::SetBag(std::uint32_t page, std::vector<std::unique_ptr<ScriptBagEntry>> entries) {
-  std::vector<IBagEntry*> listed;
-  listed.reserve(entries.size());
-  for (const auto& entry : entries) listed.push_back(entry.get());
-  Gui().GetPage(page)->SetBagItems(std::move(listed));
-  bags_[page] = std::move(entries);
+  SetField(state, "source", StringView(source->info->name));
+  SetField(state, "id", std::int64_t{source->GetId()});
 }
 
 }  // namespace qen::host

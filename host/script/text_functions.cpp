@@ -24,8 +24,11 @@ int Languages(ScriptWorld& world, lua_State* state) {
 }
 
 int Tooltip(ScriptWorld& world, lua_State* state) {
-  if (!world.Tooltip()) return 0;
-  Push(state, std::string_view(*world.Tooltip()));
+  if (world.Tooltip()) {
+    Push(state, std::string_view(*world.Tooltip()));
+  } else {
+    lua_pushnil(state);
+  }
   return 1;
 }
 

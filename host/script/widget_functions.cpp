@@ -1,16 +1,16 @@
 // Scripts: what widgets are, and changing them as the game does.
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 #include "base/utf.h"
 #include "engine/gui_page_object.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
-#include "engine/resource.h"
-#include "engine/texture.h"
 #include "host/app/pages.h"
 #include "host/app/widget_place.h"
 #include "host/script/script_functions.h"
+#include "host/script/script_state.h"
 #include "host/script/script_world.h"
 
 namespace qen::host {
@@ -86,7 +86,8 @@ int Widget(ScriptWorld& world, lua_State* state) {
 void SetPicture(ICGUIObject& widget, lua_State* state, int value) {
   auto* picture = dynamic_cast<ICGUIPicture*>(&widget);
   if (picture == nullptr) throw std::runtime_error(base::ToUtf8(widget.info->name) + " is no picture");
-  picture->SetTexture(lua_isnil(state, value) ? nullptr : LoadTexture(WideArgument(state, value)));
+  TextureUse texture = lua_isnil(state, value) ? nullptr : LoadTexture(WideArgument(state, value));
+  ScriptState::Of(state).World().Pictures().Show(*picture, std::move(texture));
 }
 
 // A field that scripts may set; `value` is the place of the new value on the stack.

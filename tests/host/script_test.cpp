@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/host/guihost_run.h"
@@ -13,6 +16,7 @@ namespace {
 using ::testing::AllOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class ScriptTest : public GuihostTest {
@@ -73,9 +77,174 @@ TEST_F(ScriptTest, FailsWithItsFileAndLine) {
   EXPECT_THAT(FailureOf("gui.on('play', function()\nerror('ouch') end)\ngui.settle()\ngui.click('~bsquare')"),
               HasSubstr("script.lua:2: ouch"))
       << "a handler, long after it was set";
-  EXPECT_THAT(FailureOf("gui.settle(1)"), HasSubstr("after 1 frames"));
+  EXPECT_THAT(FailureOf("gui.settle(1) gui.setpage('second') gui.settle(1)"), HasSubstr("after 1 frames"))
+      << "it was settled at first";
+  EXPECT_THAT(FailureOf("gui.bag('first', {})"), HasSubstr("first is no bag"));
+  EXPECT_THAT(FailureOf("gui.bag_selected('first')"), HasSubstr("first is no bag"));
   EXPECT_NE(Run("--script nosuch.lua"), 0);
   EXPECT_THAT(err, HasSubstr("nosuch.lua"));
+}
+
+TEST_F(ScriptTest, PostsCommandsOfAButton) {
+  EXPECT_EQ(Play(R"(
+    gui.settle()
+    gui.command("un/checked:~bback")
+    gui.frame()
+    check(gui.widget("~bback").checked, "since the button that lends itself is not")
+    gui.command("radiogroup:~bback")
+    gui.frame()
+    check(not gui.widget("~bback").checked)
+    local source
+    gui.on("play", function(record) source = record.source return true end)
+    gui.command("play")
+    gui.frame()
+    check_equal(source, "~bsquare")
+    check_equal(select("#", gui.tooltip()), 1)
+    check_equal(gui.tooltip(), nil, "what is written over the GUI is no tooltip")
+  )",
+                 "--fps"),
+            0)
+      << err;
+}
+
+TEST_F(ScriptTest, EndsWhatDoesNotEnd) {
+  const auto complaint = [this](const std::string& script) {
+    EXPECT_NE(Play(script, "--timeout 0.3"), 0) << script;
+    return err;
+  };
+  const auto tells = HasSubstr("script.lua:2: still running after 0.3 seconds");
+  EXPECT_THAT(complaint("\nwhile true do end"), tells);
+  EXPECT_THAT(complaint("\nwhile true do pcall(function() while true do end end) end"), tells);
+  EXPECT_THAT(complaint("\nwhile true do pcall(gui.frame) end"), tells);
+  EXPECT_THAT(complaint("local function f() while true do end end\nxpcall(f, f)"), HasSubstr("still running"));
+  EXPECT_THAT(complaint("gui.on('play', function()\nwhile true do end end) gui.settle() gui.click('~bsquare')"), tells);
+
+  folder.Write("Checks/a.lua", "while true do end");
+  folder.Write("Checks/b.lua", "gui.frame()");
+  EXPECT_NE(Run("test Checks Gui.txt --timeout 0.3"), 0);
+  EXPECT_THAT(out, AllOf(HasSubstr("a.lua:1: still running"), EndsWith("1 passed, 1 failed\n")));
+  EXPECT_THAT(Complaint("test Checks Gui.txt --timeout 0"), HasSubstr("--timeout"));
+}
+
+// What a game.lua of the data may not: each way fails at its line, and nothing is written outside.
+TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
+  const TemporaryFolder outside;
+  std::filesystem::create_directory_symlink(outside.Path(), folder.Path() / "away");
+  std::filesystem::create_directory_symlink(outside.Path(), folder.Path() / "Pages/bak");
+  folder.Write("kept/bak/none", "");
+  std::filesystem::create_symlink(outside.Path() / "kept", folder.Path() / "kept/bak/page.txt0");
+  std::filesystem::create_symlink(outside.Path() / "gone", folder.Path() / "gone.png");
+  const std::string game = R"(
+    local ways = {
+      function() os.execute("touch made") end, function() io.open("made", "w") end, function() os.remove("Gui.txt") end,
+      function() require("io") end, function() package.loadlib("made", "made") end, function() dofile("Gui.txt") end,
+      function() debug.getregistry() end, function() string.dump(check) end, function() ("").dump(check) end,
+      function() assert(load("\27Lua", "made", "b")) end,
+      function() gui.shot("../made.png") end, function() gui.shot("a/../../made.png") end,
+      function() gui.shot(outside .. "/made.png") end, function() gui.shot("c:\\made.png") end,
+      function() gui.shot("away/made.png") end, function() gui.shot("AWAY/made.png") end, function() gui.shot("gone.png") end,
+      function() gui.same_image("made.png", "../made.png") end, function() gui.same_image("../made.png", "made.png") end,
+      function() gui.save_page("first", "away\\made.txt") end, function() gui.save_page("first", "..\\made.txt") end,
+      function() gui.save_page("first", "pages\\first.txt") end, function() gui.save_page("first", "kept/page.txt") end,
+      function() gui.save_style() end, function() gui.save_language("Gui.txt") end,
+      function() setmetatable({}, {__gc = print}) end, function() ("x"):rep(1 << 40) end, function() (""):rep(1 << 62) end,
+      function() ("a"):rep(40):find((".-"):rep(20) .. "b") end, function() ("a"):rep(1 << 20):gsub("a*b", "") end,
+      function() table.concat(setmetatable({}, {__index = table.concat}), "", 1, math.maxinteger) end,
+      function() table.move({}, 1, math.maxinteger, 2) end,
+      function() local all = {} for i = 1, 1000 do all[i] = ("x"):rep(1 << 20) .. i end end,
+    }
+    for i, way in ipairs(ways) do
+      local done, why = pcall(way)
+      check(not done, i .. " is open")
+      check(why == "not enough memory" or why:find("game.lua:%d+: "), why)
+    end
+    gui.shot("shots/start.png")
+    check(gui.save_page("first", "saved/first.txt"))
+    check(os.time() > 0 and os.clock() and os.date() and load("return true")())
+    getmetatable("").__index, gui.pages, string.format = nil, nil, nil
+    gui.on("play", function(record) print("game: " .. record.argument) return true end)
+  )";
+  folder.Write("game.lua", "local outside = '" + outside.Path().string() + "'" + game);
+  EXPECT_EQ(Play(R"(
+    check_equal(("x%d"):format(#gui.pages()), "x2", "scripts do not share what they change")
+    gui.settle()
+    gui.click("~bsquare")
+    gui.on("play", function(record) print("script: " .. record.argument) return true end)
+    gui.click("~bsquare")
+    assert(io.open("shots/start.png")):close()
+    assert(io.open("saved/first.txt")):close()
+  )"),
+            0)
+      << err;
+  EXPECT_THAT(out, AllOf(HasSubstr("game: now\nscript: now\n"), Not(HasSubstr("now\nscript: now\nscript"))));
+  EXPECT_TRUE(std::filesystem::is_empty(outside.Path()));
+  EXPECT_FALSE(std::filesystem::exists(folder.Path().parent_path() / "made.png"));
+
+  folder.Write("game.lua", "gui.on('play', function()\nwhile true do end end)");
+  EXPECT_NE(Play("gui.settle() gui.click('~bsquare')", "--timeout 0.3"), 0);
+  EXPECT_THAT(err, HasSubstr("game.lua:2: still running"));
+  folder.Write("game.lua", "local all = {}\nfor i = 1, 1000 do all[i] = ('x'):rep(1 << 20) .. i end");
+  EXPECT_THAT(FailureOf(""), HasSubstr("game.lua:2: not enough memory"));
+  folder.Write("game.lua", "io.open('made', 'w'):close()");
+  EXPECT_EQ(Play("", "--game game.lua"), 0) << "somebody named it: " << err;
+}
+
+class SampleScriptTest : public ScriptTest {
+ protected:
+  // Runs a script on the sample, over which the folder Over is laid; its exit status.
+  int PlaySample(const std::string& script) {
+    folder.Write("script.lua", script);
+    return Run("gui.txt --data '" + sample.string() + "' --data Over --offscreen --size 64x48 --script script.lua");
+  }
+
+  const std::filesystem::path sample = std::filesystem::current_path() / "samples/skylantern";
+};
+
+TEST_F(SampleScriptTest, KeepsTheWordsOfTheGui) {
+  std::ifstream file(sample / "pages/options.txt");
+  std::string page{std::istreambuf_iterator<char>(file), {}};
+  const std::string message = "message volume:music";
+  ASSERT_NE(page.find(message), std::string::npos);
+  folder.Write("Over/pages/options.txt", page.replace(page.find(message), message.size(), "message settext:~tmusic"));
+  EXPECT_EQ(PlaySample(R"(
+    gui.on("settext", function() error("it is the GUI's") end)
+    gui.setpage("options")
+    gui.settle()
+    gui.hover("~smusic")
+    gui.frame()
+    gui.wheel(120)
+    gui.frame(2)
+    gui.click("~smusic")
+    gui.frame(2)
+  )"),
+            0)
+      << err;
+  EXPECT_THAT(out, HasSubstr("notification: settext:~tmusic"));
+}
+
+TEST_F(SampleScriptTest, LoadsPicturesAnew) {
+  folder.Write("Over/game.txt", "");
+  EXPECT_EQ(PlaySample(R"(
+    gui.settle()
+    local function show(picture)
+      gui.set("~plights", "texture", "lit.png")
+      gui.bag("inventory", {{texture = "lit.png"}})
+      gui.frame()
+      gui.shot(picture)
+    end
+    gui.shot("Over/lit.png")
+    gui.setpage("credits")
+    gui.settle()
+    show("before.png")
+    gui.shot("Over/lit.png")
+    gui.reload()
+    gui.settle()
+    check_equal(gui.bag_selected("inventory"), nil)
+    show("after.png")
+    check(not gui.same_image("now.png", "before.png", 0.1), "the picture is read again")
+  )"),
+            0)
+      << err;
 }
 
 TEST_F(ScriptTest, TellsWhyAWidgetCannotBePointedAt) {

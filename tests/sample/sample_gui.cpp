@@ -87,7 +87,10 @@ void SampleGui::Draw() {
 }
 
 bool SampleGui::Settle() {
-  return host::Settle(*gui, kLongestWait, [this] { Frame(); });
+  return host::Settle(*gui, kLongestWait, [this] {
+    Frame();
+    return Offered() > 0;
+  });
 }
 
 bool SampleGui::Show(std::uint32_t page) {
