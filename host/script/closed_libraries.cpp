@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <lua.hpp>
 #include <span>
+#include <string_view>
 
 #include "host/script/pattern_cost.h"
 
@@ -42,19 +43,32 @@ int Repeat(lua_State* state) {
   return GoOn(state);
 }
 
-int MatchWithin(lua_State* state, bool anchors) {
+using StepCount = double (*)(std::string_view text, std::string_view pattern);
+
+int MatchWithin(lua_State* state, StepCount count) {
   std::size_t length = 0;
   std::size_t size = 0;
-  luaL_checklstring(state, 1, &length);
+  const char* text = luaL_checklstring(state, 1, &length);
   const char* pattern = luaL_checklstring(state, 2, &size);
-  const bool fits = WorstMatchSteps(length, {pattern, size}, anchors) <= kMostSteps;
+  const bool fits = count({text, length}, {pattern, size}) <= kMostSteps;
   luaL_argcheck(state, fits, 2, "the pattern may take too long on so long a text");
   return GoOn(state);
 }
 
-int Match(lua_State* state) { return MatchWithin(state, true); }
-int MatchEach(lua_State* state) { return MatchWithin(state, false); }
-int Find(lua_State* state) { return lua_toboolean(state, 4) != 0 ? GoOn(state) : Match(state); }
+int Match(lua_State* state) {
+  return MatchWithin(state, [](auto text, auto pattern) { return WorstMatchSteps(text.size(), pattern, true); });
+}
+
+int MatchEach(lua_State* state) {
+  return MatchWithin(state, [](auto text, auto pattern) { return WorstMatchSteps(text.size(), pattern, false); });
+}
+
+int Find(lua_State* state) {
+  if (lua_toboolean(state, 4) == 0) return Match(state);
+  return MatchWithin(state, [](auto text, auto words) {
+    return static_cast<double>(text.size()) * static_cast<double>(words.size());
+  });
+}
 
 // What a metatable answers may never end.
 void CheckPlain(lua_State* state, int argument) {

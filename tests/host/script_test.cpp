@@ -149,6 +149,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
       function() gui.save_style() end, function() gui.save_language("Gui.txt") end,
       function() setmetatable({}, {__gc = print}) end, function() ("x"):rep(1 << 40) end, function() (""):rep(1 << 62) end,
       function() ("a"):rep(40):find((".-"):rep(20) .. "b") end, function() ("a"):rep(1 << 20):gsub("a*b", "") end,
+      function() ("a"):rep(1 << 26):find(("a"):rep(1 << 25) .. "b", 1, true) end,
       function() table.concat(setmetatable({}, {__index = table.concat}), "", 1, math.maxinteger) end,
       function() table.move({}, 1, math.maxinteger, 2) end,
       function() local all = {} for i = 1, 1000 do all[i] = ("x"):rep(1 << 20) .. i end end,
