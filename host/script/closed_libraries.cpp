@@ -124,9 +124,9 @@ int Wrap(lua_State* state) {
 }
 
 struct Guard {
-  const char* function;
-  lua_CFunction guard;           // null: the function is not there
-  const char* helper = nullptr;  // a function of the library that the guard keeps too
+  const char* function = nullptr;
+  lua_CFunction guard = nullptr;  // null: the function is not there
+  const char* helper = nullptr;   // a function of the library that the guard keeps too
 };
 
 constexpr std::array kBase{Guard{"load", LoadText}, Guard{"setmetatable", SetMetatable}, Guard{"dofile", nullptr},

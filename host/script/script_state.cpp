@@ -38,7 +38,7 @@ std::string PlaceIn(lua_State* state) {
 }
 
 int CallWork(lua_State* state) {
-  const auto& work = *static_cast<const std::function<void(lua_State*)>*>(lua_touserdata(state, 1));
+  const auto& work = **static_cast<const std::function<void(lua_State*)>**>(lua_touserdata(state, 1));
   lua_settop(state, 0);
   work(state);
   return 0;
@@ -118,7 +118,8 @@ void ScriptState::Protect(const std::function<void(lua_State* state)>& work) {
   lua_sethook(state, LookAtTime, kEvents, kInstructions);
   if (lua_checkstack(state, 2) == 0) throw std::runtime_error("the script has no room left");
   lua_pushcfunction(state, CallWork);
-  lua_pushlightuserdata(state, const_cast<std::function<void(lua_State*)>*>(&work));
+  const auto* called = &work;
+  lua_pushlightuserdata(state, &called);
   const int status = lua_pcall(state, 1, 0, 0);
   if (status == LUA_OK) return;
   std::string problem = status == LUA_ERRMEM ? place_ + "not enough memory" : TextOf(state);

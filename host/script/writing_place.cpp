@@ -1,5 +1,6 @@
 #include "host/script/writing_place.h"
 
+#include <algorithm>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -28,10 +29,8 @@ bool KeepsBehindLink(const fs::path& file) {
   const fs::path folder = base::ResolvePath(base::ToUtf16((file.parent_path() / "bak").string()));
   if (IsLink(folder)) return true;
   std::error_code problem;
-  for (const fs::directory_entry& kept : fs::directory_iterator(folder, problem)) {
-    if (IsLink(kept.path())) return true;
-  }
-  return false;
+  return std::ranges::any_of(fs::directory_iterator(folder, problem),
+                             [](const fs::directory_entry& kept) { return IsLink(kept.path()); });
 }
 
 class Place {
