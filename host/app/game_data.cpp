@@ -18,20 +18,24 @@ fs::path FolderOf(const fs::path& file) { return file.has_parent_path() ? file.p
 
 }  // namespace
 
-fs::path GameData::GameScript() const {
+std::optional<FoundScript> FindGameScript(const GameData& data, PhysfsFiles& files) {
+  const String name = data.description.substr(0, data.description.find_last_of(u"/\\") + 1) + u"game.lua";
+  std::vector<std::uint8_t> bytes;
+  if (data.description.empty() || !files.Read(name, bytes)) return std::nullopt;
+  const fs::path file = data.folder / base::ToUtf8(name);
   std::error_code problem;
-  const fs::path script = folder / "game.lua";
-  return fs::is_regular_file(script, problem) ? script : fs::path();
+  const bool isInFolder = data.isInFolder && fs::exists(file, problem);
+  return FoundScript{isInFolder ? file.string() : base::ToUtf8(name), {bytes.begin(), bytes.end()}};
 }
 
 GameData MountGameData(const std::string& description, const std::vector<std::string>& places, PhysfsFiles& files) {
   std::error_code problem;
   const fs::path path(description);
   const bool isFile = fs::exists(path, problem) && !fs::is_directory(path, problem);
-  if (description.empty() && places.empty()) files.Mount(".");
   GameData data{base::ToUtf16(description), "."};
+  if (description.empty() && places.empty()) files.Mount(".");
   if (isFile) {
-    data = {base::ToUtf16(path.filename().string()), FolderOf(path)};
+    data = {base::ToUtf16(path.filename().string()), FolderOf(path), true};
     files.Mount(data.folder);
   } else if (fs::is_directory(path, problem)) {
     Fail(description, "it is a folder");
@@ -39,7 +43,9 @@ GameData MountGameData(const std::string& description, const std::vector<std::st
   for (const std::string& place : places) {
     if (!fs::exists(place, problem)) Fail(place, "no such file or folder");
     files.Mount(place);
-    if (!isFile && fs::is_directory(place, problem)) data.folder = place;
+    if (isFile || !fs::is_directory(place, problem)) continue;
+    data.folder = place;
+    data.isInFolder = true;
   }
   if (description.empty()) return data;
   std::vector<std::uint8_t> bytes;

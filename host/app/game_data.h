@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,17 @@ namespace qen::host {
 struct GameData {
   String description;            // the name of the GUI description in the data
   std::filesystem::path folder;  // where the GUI writes its files
-
-  // The script that plays the game's part, "game.lua" in the folder; empty when there is none.
-  [[nodiscard]] std::filesystem::path GameScript() const;
+  bool isInFolder = false;       // that folder is one of the data, which may be archives alone
 };
+
+// A script that came with the data.
+struct FoundScript {
+  std::string name;  // for people
+  std::string text;
+};
+
+// The script that plays the game's part, "game.lua" beside the description; nothing when there is none.
+std::optional<FoundScript> FindGameScript(const GameData& data, PhysfsFiles& files);
 
 // Mounts the folder of a description that is a file, then each of `places` over it. Otherwise the description is a name
 // in `places`, and the last of them that is a folder is written to. An empty description is none; the data is then in

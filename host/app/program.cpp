@@ -36,7 +36,7 @@ void PlayScript(const Options& options) {
   Stage stage(options, {.offscreen = options.offscreen || !HasDisplay(), .manualClock = !options.realtime});
   Script script(stage, {.realtime = options.realtime,
                         .renewPictures = options.update,
-                        .trustsGame = !options.game.empty(),
+                        .game = options.game,
                         .timeout = options.timeout});
   script.Run(options.script);
   stage.RequireAllPages();
@@ -50,7 +50,7 @@ void Play(const Options& options) {
   const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames && !savesPages);
   const bool takesTime = !offscreen && options.shot.empty();
   Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime});
-  Script game(stage, {.trustsGame = !options.game.empty(), .timeout = options.timeout, .listens = false});
+  Script game(stage, {.game = options.game, .timeout = options.timeout, .listens = false});
   if (savesPages) SavePages(stage, options.savedPages);
   if (playsTour) {
     PlayTour(stage, wantsTour ? options.tour : kTourFolder);

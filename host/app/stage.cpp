@@ -47,7 +47,6 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
     : offscreen_(stageOptions.offscreen),
       quiet_(stageOptions.quiet),
       data_(MountGameData(options.description, options.data, files_)),
-      gameScript_(options.game.empty() ? data_.GameScript() : std::filesystem::path(options.game)),
       window_(ToWindowOptions(options, stageOptions)),
       renderer_({.toWindow = !stageOptions.offscreen, .onError = {}}),
       fonts_(renderer_.GlyphPages()),

@@ -52,12 +52,14 @@ class Stage {
   [[nodiscard]] const Camera& GetCamera() const { return camera_; }
   [[nodiscard]] bool HasQuit() const { return game_.HasQuit(); }
   [[nodiscard]] Game& GetGame() { return game_; }
-  [[nodiscard]] const std::filesystem::path& GameScript() const { return gameScript_; }  // empty for none
+
+  // The game's script as it came with the data; nothing when there is none.
+  [[nodiscard]] std::optional<FoundScript> FindGameScript() { return host::FindGameScript(data_, files_); }
 
   [[nodiscard]] bool IsOffscreen() const { return offscreen_; }
   [[nodiscard]] bool IsDrawingTooltip() const { return drawsTooltip_; }
 
-  [[nodiscard]] const std::filesystem::path& DataFolder() const { return data_.folder; }
+  [[nodiscard]] const GameData& Data() const { return data_; }
 
   [[nodiscard]] std::vector<std::filesystem::path> DataPlaces() const { return files_.Places(); }
 
@@ -122,7 +124,6 @@ class Stage {
   std::function<void()> reloadListener_;
   PhysfsFiles files_;
   GameData data_;
-  std::filesystem::path gameScript_;
   SdlWindow window_;
   GlRenderer renderer_;
   FreetypeFonts fonts_;

@@ -34,8 +34,7 @@ std::vector<fs::path> FindScripts(const std::string& folder) {
 std::string FailureOf(const fs::path& script, const Options& options) {
   try {
     Stage stage(options, {.offscreen = true, .manualClock = true, .quiet = true});
-    const ScriptOptions scripts{
-        .renewPictures = options.update, .trustsGame = !options.game.empty(), .timeout = options.timeout};
+    const ScriptOptions scripts{.renewPictures = options.update, .game = options.game, .timeout = options.timeout};
     Script(stage, scripts).Run(script);
     stage.RequireAllPages();
     return {};

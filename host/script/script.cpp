@@ -6,8 +6,10 @@
 namespace qen::host {
 
 Script::Script(Stage& stage, const ScriptOptions& options)
-    : world_(std::make_unique<ScriptWorld>(stage, options)),
-      game_(std::make_unique<ScriptState>(*world_, options.trustsGame ? Trust::Named : Trust::Found, options.timeout)),
+    : namedGame_(options.game),
+      world_(std::make_unique<ScriptWorld>(stage, options)),
+      game_(
+          std::make_unique<ScriptState>(*world_, options.game.empty() ? Trust::Found : Trust::Named, options.timeout)),
       own_(std::make_unique<ScriptState>(*world_, Trust::Named, options.timeout)) {
   RunGame();
   // A change of pages that a script posted before the first page is there would know nothing of that one.
@@ -15,8 +17,11 @@ Script::Script(Stage& stage, const ScriptOptions& options)
 }
 
 void Script::RunGame() {
-  const std::filesystem::path& file = world_->GetStage().GameScript();
-  if (!file.empty()) game_->Run(file);
+  if (!namedGame_.empty()) {
+    game_->Run(namedGame_);
+  } else if (const auto found = world_->GetStage().FindGameScript()) {
+    game_->RunText(found->name, found->text);
+  }
 }
 
 std::optional<std::string> Script::TakeFailure() { return world_->TakeFailure(); }

@@ -16,7 +16,7 @@ class ScriptWorld;
 struct ScriptOptions {
   bool realtime = false;       // frames take as long as they last; otherwise they follow each other at once
   bool renewPictures = false;  // golden pictures are replaced instead of compared with
-  bool trustsGame = false;     // the game's script may do what Lua can; without, what script_state.h allows to Found
+  std::string game = {};       // the game's script, which may do what Lua can; empty: that of the data, in its bounds
   double timeout = 60.0;       // seconds that a script may run, and each of its handlers
   bool listens = true;         // sounds and tooltips are kept for the script, which costs some time each frame
 };
@@ -39,6 +39,7 @@ class Script {
   std::optional<std::string> TakeFailure();
 
  private:
+  std::filesystem::path namedGame_;  // empty for none
   std::unique_ptr<ScriptWorld> world_;
   std::unique_ptr<ScriptState> game_;  // apart from the other scripts
   std::unique_ptr<ScriptState> own_;

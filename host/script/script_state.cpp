@@ -100,6 +100,13 @@ void ScriptState::Run(const std::filesystem::path& file) {
   });
 }
 
+void ScriptState::RunText(const std::string& name, const std::string& text) {
+  Protect([&](lua_State* state) {
+    if (luaL_loadbufferx(state, text.data(), text.size(), ('@' + name).c_str(), "t") != LUA_OK) lua_error(state);
+    lua_call(state, 0, 0);
+  });
+}
+
 bool ScriptState::Call(int function, const std::function<void(lua_State* state)>& push) {
   bool isTrue = false;
   Protect([&](lua_State* state) {

@@ -32,6 +32,7 @@ class ScriptState {
   // Throws std::runtime_error, with one line that names the file and the script's line, when the file cannot be read,
   // is no Lua, or fails.
   void Run(const std::filesystem::path& file);
+  void RunText(const std::string& name, const std::string& text);  // the name is for people
 
   // Calls a function that the registry keeps, with the one value that `push` pushes. Whether its first result is true.
   // Throws as Run does.

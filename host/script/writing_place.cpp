@@ -45,8 +45,9 @@ class Place {
     };
     if (!parts || wide.find_first_of(u"/\\") == 0) refuse("it is not in the folder of the data");
     for (const String& part : *parts) name += (name.empty() ? u"" : u"/") + part;
-    const fs::path folder = ScriptState::Of(state).World().GetStage().DataFolder();
-    file = base::ResolvePath(base::ToUtf16(folder.string() + '/') + name);
+    const GameData& data = ScriptState::Of(state).World().GetStage().Data();
+    if (!data.isInFolder) refuse("the data is in an archive");
+    file = base::ResolvePath(base::ToUtf16(data.folder.string() + '/') + name);
     fs::path above = file;
     for (std::size_t i = 0; i < parts->size(); ++i, above = above.parent_path()) {
       if (IsLink(above)) refuse("a link may lead out of the data");

@@ -191,6 +191,12 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
   EXPECT_THAT(FailureOf(""), HasSubstr("game.lua:2: not enough memory"));
   folder.Write("game.lua", "io.open('made', 'w'):close()");
   EXPECT_EQ(Play("", "--game game.lua"), 0) << "somebody named it: " << err;
+
+  folder.Write("game.lua", "gui.shot('made.png')");
+  PackZip(folder.Path(), folder.Path() / "game.zip");
+  folder.Write("game.lua", "error('not of the data')");
+  EXPECT_THAT(Complaint("gui.TXT --data game.zip --offscreen --script script.lua"),
+              HasSubstr("game.lua:1: gui.shot may not write made.png: the data is in an archive"));
 }
 
 class SampleScriptTest : public ScriptTest {
