@@ -57,7 +57,7 @@ void ThickenFlat(Doubles& a) {
   constexpr double kLost = 1e-6;
   constexpr double kThickness = 1.0 / 256.0;  // too little to see, and enough for what floats can tell
   if (a[0][3] != 0.0 || a[1][3] != 0.0 || a[2][3] != 0.0 || a[3][3] != 1.0) return;
-  std::array<Triple, 3> axes;
+  std::array<Triple, 3> axes{};
   for (std::size_t i = 0; i < 3; ++i) axes[i] = {a[i][0], a[i][1], a[i][2]};
   const std::array faces{Cross(axes[1], axes[2]), Cross(axes[2], axes[0]), Cross(axes[0], axes[1])};
   const Triple& widest = *std::ranges::max_element(faces, {}, Length);

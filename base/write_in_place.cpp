@@ -10,7 +10,7 @@ namespace qen::base {
 namespace {
 
 bool ReadAll(std::FILE* file, std::vector<char>& bytes) {
-  std::array<char, 65536> block;
+  std::array<char, 65536> block{};
   while (const std::size_t size = std::fread(block.data(), 1, block.size(), file)) {
     bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(size));
   }

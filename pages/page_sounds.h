@@ -19,9 +19,9 @@ class PageSounds {
   // Remembers the file name and loads it, when there is a sound service. Kinds are sound_kind's.
   void Set(std::int32_t kind, const String& file);
 
-  // Plays the sound of a kind; the mouse-over sound only when `object` is not the last one that asked for a sound, on
-  // any page. Other kinds do nothing.
-  void Play(const void* object, std::int32_t kind) const;
+  // Plays the sound of a kind; the mouse-over sound only when the object at `address` is not the last one that asked
+  // for a sound, on any page. Other kinds do nothing.
+  void Play(const void* address, std::int32_t kind) const;
 
   void Release();   // gives all four back, those too that were not made; the file names stay
   void GiveBack();  // gives back those that were made
