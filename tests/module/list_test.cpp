@@ -19,52 +19,6 @@ class List : public ListTest {
   }
 };
 
-TEST_F(List, ScrollsOverWhatDoesNotFit) {
-  Open();
-  struct Row {
-    std::size_t added;
-    std::int32_t max;
-  };
-  for (const Row& row : {Row{0, 0}, {9, 0}, {1, 0}, {1, 1}, {14, 15}}) {
-    Fill(row.added);
-    Frame();
-    list->info->position = 1000;
-    Frame();
-    EXPECT_EQ(list->info->min, 0);
-    EXPECT_EQ(list->info->max, row.max) << list->GetItemCount();
-    EXPECT_EQ(list->info->position, row.max);
-  }
-  // The box is 30 high: 14 a line.
-  list->text->GetFontDesc().lfHeight = 100;
-  list->text->RecreateFont();
-  Frame();
-  EXPECT_EQ(list->info->max, 23);
-}
-
-TEST_F(List, LightsTheRowUnderTheCursor) {
-  Open();
-  Fill(30);
-  for (const std::int32_t top : {0, 1, 20}) {
-    list->info->position = top;
-    Frame();
-    for (std::uint32_t row = 0; row < kRows; ++row) {
-      for (const float x : {-29.5F, 0.0F, 29.5F}) {
-        Aim(RowPlace(row, x, x == 0.0F ? 0.1F : 0.9F));
-        Frame();
-        EXPECT_EQ(Lit(), (Indices{static_cast<std::uint32_t>(top) + row})) << x;
-      }
-    }
-  }
-  for (const Vec3& outside : {RowPlace(3, -31), RowPlace(3, 31), Vec3{0, 16, -1}, Vec3{0, -16, -1}}) {
-    Aim(outside);
-    Frame();
-    EXPECT_EQ(Lit(), Indices{});
-  }
-  Aim(RowPlace(10, 0, 0.1F));
-  Frame();
-  EXPECT_EQ(Lit(), Indices{}) << "the rest of the box, below the last row";
-}
-
 TEST_F(List, LightsTheRowsOfABoxThatIsNotCentred) {
   base::SceneData scene;
   const std::int32_t node = base::AddNode(scene, u"~llong", -1, {0, 20, 0});
@@ -78,15 +32,6 @@ TEST_F(List, LightsTheRowsOfABoxThatIsNotCentred) {
     Frame();
     EXPECT_EQ(Lit(), Indices{row});
   }
-}
-
-TEST_F(List, ReportsItselfWithoutAClick) {
-  Open();
-  Fill(3);
-  const base::Point at = Project(RowPlace(1));
-  for (const std::uint32_t mouse : {0U, 1U, 2U}) EXPECT_EQ(PickAt(at, mouse), Picked(list, nullptr));
-  EXPECT_EQ(PickAt(Project({40, 36, -1}), 2), Picked(list, list)) << "its slide bar's results are the list's";
-  EXPECT_EQ(PickAt({1, 1}, 2), std::nullopt);
 }
 
 TEST_F(List, DrawsItsRowsInOrderAndShadowsFirst) {
