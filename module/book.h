@@ -62,9 +62,9 @@ class CGUIBook final : public IGui, public Singleton<CGUIBook>, private IPageLis
   bool IsTextTableEmpty() override;
   String GetText(std::int32_t id) override;
   bool SetLanguageText(std::int32_t id, const String& words) override;
-  bool LoadStyle(const Char* file) override { return style_.Load(file); }
+  bool LoadStyle(const Char* file) override;
   void SetTooltip(std::int32_t textId) override;
-  void CreateStyleResources() override { style_.CreateResources(); }
+  void CreateStyleResources() override;
   void DrawTooltip(Viewport* viewport) override;
   void SaveStyle() override;
   std::uint32_t& GetStyleColor() override { return style_.Settings().color; }
@@ -79,7 +79,7 @@ class CGUIBook final : public IGui, public Singleton<CGUIBook>, private IPageLis
   void Reset() override;
   Viewport* GetViewport() override { return viewport_; }
 
-  [[nodiscard]] bool IsBusy() const;  // its code runs, or a delivery that it began
+  [[nodiscard]] bool IsBusy() const;  // its code runs, or a page's, or a delivery that it began
 
  private:
   struct Cursor {
@@ -114,6 +114,7 @@ class CGUIBook final : public IGui, public Singleton<CGUIBook>, private IPageLis
   [[nodiscard]] PageBase* PageAt(std::int64_t page) const;  // null out of range
   void PostPageCommand(PageOperation operation, std::uint32_t page);
   void DeleteRetired();
+  std::vector<std::unique_ptr<PageBase>> TakeRetired();
 
   const std::vector<std::uint32_t>& ActivePages() const override { return activePages_; }
   String PageName(std::uint32_t page) const override;

@@ -10,7 +10,8 @@ class CGUIBook::Busy {
  public:
   explicit Busy(CGUIBook& book) : book_(book) { ++book_.busy_; }
   ~Busy() {
-    if (--book_.busy_ == 0) book_.DeleteRetired();
+    if (book_.busy_ == 1) book_.DeleteRetired();
+    --book_.busy_;
   }
   Busy(const Busy&) = delete;
   Busy& operator=(const Busy&) = delete;

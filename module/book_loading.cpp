@@ -55,9 +55,13 @@ std::optional<String> CGUIBook::LoadLanguage(const Char* descriptionFile) {
   return description;
 }
 
-std::vector<String> CGUIBook::GetLanguages() { return ReadLanguageNames(languageFile_.c_str()); }
+std::vector<String> CGUIBook::GetLanguages() {
+  const Busy busy(*this);
+  return ReadLanguageNames(languageFile_.c_str());
+}
 
 void CGUIBook::SetLanguage(String language) {
+  const Busy busy(*this);
   language_ = std::move(language);
   ModuleLanguageTable().Load(languageFile_.c_str(), language_);
 }
@@ -65,6 +69,7 @@ void CGUIBook::SetLanguage(String language) {
 TextTable CGUIBook::GetTexts() { return ModuleLanguageTable().Texts(); }
 
 void CGUIBook::SaveLanguage(String sourceFile) {
+  const Busy busy(*this);
   const String path = ResolvePath(languageFile_);
   MakeBackup(path);
   platform::CopyFileW(sourceFile.c_str(), path.c_str(), false);
@@ -78,7 +83,18 @@ bool CGUIBook::SetLanguageText(std::int32_t id, const String& words) {
   return ModuleLanguageTable().Replace(id, words);
 }
 
+bool CGUIBook::LoadStyle(const Char* file) {
+  const Busy busy(*this);
+  return style_.Load(file);
+}
+
+void CGUIBook::CreateStyleResources() {
+  const Busy busy(*this);
+  style_.CreateResources();
+}
+
 void CGUIBook::SaveStyle() {
+  const Busy busy(*this);
   if (!style_.IsNamed()) return;
   const String path = ResolvePath(style_.FileName());
   MakeBackup(path);

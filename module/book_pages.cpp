@@ -52,6 +52,7 @@ PageBase* CGUIBook::PageAt(std::int64_t page) const {
 }
 
 bool CGUIBook::SavePage(const Char* file, std::uint32_t page) {
+  const Busy busy(*this);
   PageBase* found = PageAt(page);
   return found != nullptr && found->Save(file);
 }

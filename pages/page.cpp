@@ -59,6 +59,7 @@ CGUIPage::CGUIPage() : PageBase("CGUIPage", kSceneLine) {}
 CGUIPage::~CGUIPage() = default;
 
 SimpleScene* CGUIPage::LoadPage(const Char* file, std::uint32_t newKind) {
+  if (unloading_) return nullptr;
   Unload();
   ResetForLoading(file, newKind);
   light_.reset();
@@ -131,8 +132,17 @@ void CGUIPage::Unload() {
   unloading_ = true;
   ReleaseWidgets();
   ReleaseAnimations();
+  // Also when a client throws.
+  struct Ending {
+    CGUIPage& page;
+    ~Ending() { page.FinishUnloading(); }
+  };
+  const Ending ending{*this};
   clients_.ForEach(&RenderClient::Detach);
-  renderClients.clear();
+}
+
+void CGUIPage::FinishUnloading() {
+  clients_.Clear();
   lights_.clear();
   light_.reset();
   DestroySceneEntries();

@@ -31,6 +31,7 @@ class CGUIPage final : public PageBase {
   void RegisterRenderObject(RenderClient* client) override;
   void UnregisterRenderObject(RenderClient* client) override;
 
+  [[nodiscard]] bool IsUnloading() const override { return unloading_; }
   void SetSound(std::int32_t soundKind, const String& file) override { sounds_.Set(soundKind, file); }
 
  private:
@@ -41,6 +42,7 @@ class CGUIPage final : public PageBase {
   void SceneLoaded() override;
   void InstanceCreated() override;
   void WidgetCreated(ICGUIObject& widget) override;
+  void FinishUnloading();
   bool StepFocus(std::int32_t step);
   [[nodiscard]] ICGUIObject* Focused() const;
   void PlaceCursorOnFocus(bool mirrored) const;  // mirrored: with the widget's depth negated

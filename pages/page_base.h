@@ -30,6 +30,8 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   // Appends every widget that now has the name, in widget order.
   void AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const;
 
+  [[nodiscard]] virtual bool IsUnloading() const { return false; }  // and tells its clients
+
   // The child of a node whose name begins with the word, letter case aside, and its position. On a miss false, null,
   // -1.
   bool FindChildNode(const TMNode* parent, StringView word, TMNode*& node, std::int32_t& position) const {

@@ -17,20 +17,27 @@ bool RenderClients::Remove(RenderClient* client) {
   list_.erase(found);
   for (Pass* pass = innermost_; pass != nullptr; pass = pass->outer) {
     if (place < pass->next) --pass->next;
+    if (place < pass->end) --pass->end;
   }
   return true;
+}
+
+void RenderClients::Clear() {
+  list_.clear();
+  for (Pass* pass = innermost_; pass != nullptr; pass = pass->outer) pass->end = 0;
 }
 
 void RenderClients::ForEach(void (RenderClient::*call)()) {
   // Put back also when a client throws.
   struct Nesting {
     Pass*& innermost;
-    Pass pass{0, innermost};
+    Pass pass;
     ~Nesting() { innermost = pass.outer; }
   };
-  Nesting nesting{innermost_};
-  innermost_ = &nesting.pass;
-  while (nesting.pass.next < list_.size()) (list_[nesting.pass.next++]->*call)();
+  Nesting nesting{innermost_, {0, list_.size(), innermost_}};
+  Pass& pass = nesting.pass;
+  innermost_ = &pass;
+  while (pass.next < std::min(pass.end, list_.size())) (list_[pass.next++]->*call)();
 }
 
 }  // namespace qen

@@ -17,15 +17,17 @@ class RenderClients {
 
   void Add(RenderClient* client);     // null is ignored
   bool Remove(RenderClient* client);  // its first place in the list; false when it has none
+  void Clear();
 
-  // Calls every client once for each of its places in the list, in order: also those that are added meanwhile, and not
-  // those that are removed before their turn.
+  // Calls every client once for each of its places in the list, in order, but for those that are removed before their
+  // turn. Those that are added meanwhile wait for the next pass.
   void ForEach(void (RenderClient::*call)());
 
  private:
   // One pass over the list; passes may be nested.
   struct Pass {
     std::size_t next = 0;
+    std::size_t end = 0;
     Pass* outer = nullptr;
   };
 

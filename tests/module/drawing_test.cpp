@@ -1,4 +1,6 @@
 // What a page hands to the renderer.
+#include <stdexcept>
+
 #include "engine/mesh.h"
 #include "engine/render_client.h"
 #include "engine/scene.h"
@@ -123,12 +125,17 @@ TEST_F(PageDrawing, CallsRenderClientsOnceWhicheverComeAndGo) {
     page->RegisterRenderObject(&late);
   };
   DrawPages();
-  EXPECT_EQ(journal, (std::vector<std::string>{"draw a", "draw b", "draw c", "draw late"}));
+  EXPECT_EQ(journal, (std::vector<std::string>{"draw a", "draw b", "draw c"}));
+  journal.clear();
+  DrawPages();
+  EXPECT_EQ(journal, (std::vector<std::string>{"draw c", "draw late"}));
 
   journal.clear();
   c.onDetach = [&] {
     EXPECT_EQ(page->renderClients.size(), 2U) << "forgotten when all have been told";
     page->UnregisterRenderObject(&late);
+    page->RegisterRenderObject(&c);
+    page->LoadPage(u"s.txt", 0);
     page->Unload();
   };
   page->Unload();
@@ -165,6 +172,43 @@ TEST_F(PageDrawing, SurvivesAClientThatUnloadsEverything) {
   DrawPages();
   EXPECT_EQ(gui->GetPageCount(), 0U);
   EXPECT_EQ(journal.back(), "detach other");
+}
+
+TEST_F(PageDrawing, LetsAClientReleaseTheGuiWhenItIsDetached) {
+  AddText(u"gui.txt", u"name s.txt");
+  std::vector<std::string> journal;
+  Client guest(journal, u"guest");
+  guest.onDetach = [this] {
+    module.Export<DeactivateDllFunction>(kDeactivateDll)();
+    gui->Release();
+    gui->Load(u"gui.txt", &engine.camera);
+  };
+  const auto unload = [&](const std::function<void()>& work) {
+    gui->GetPage(0)->RegisterRenderObject(&guest);
+    engine.errors.clear();
+    work();
+    guest.onDraw = nullptr;
+    EXPECT_EQ(engine.errors, std::vector<String>{u"Gui is busy: not deactivated"});
+    gui->SetViewport(&engine.viewport);
+    ShowOnly(0);
+    Frame();
+    EXPECT_TRUE(IsDrawn(u"normal_ok"));
+  };
+  unload([this] { gui->Release(); });
+  unload([this] { gui->GetPage(0)->Unload(); });
+  guest.onDraw = [this] { gui->Release(); };
+  unload([this] { DrawPages(); });
+  EXPECT_EQ(journal, (std::vector<std::string>{"detach guest", "detach guest", "draw guest", "detach guest"}));
+}
+
+TEST_F(PageDrawing, UnloadsAlthoughAClientThrows) {
+  std::vector<std::string> journal;
+  Client rude(journal, u"rude");
+  rude.onDetach = [] { throw std::runtime_error("no"); };
+  page->RegisterRenderObject(&rude);
+  EXPECT_THROW(page->Unload(), std::runtime_error);
+  EXPECT_EQ(page->scene, nullptr);
+  EXPECT_NE(page->LoadPage(u"s.txt", 0), nullptr);
 }
 
 TEST_F(PageDrawing, FindsNodesByTheirExactNames) {

@@ -96,6 +96,18 @@ TEST_F(Loading, ReadsTheTextsOfOneLanguage) {
   EXPECT_TRUE(gui->GetTexts().empty());
 }
 
+TEST_F(Loading, IsNotDeactivatedByWhoHearsOfAFault) {
+  AddText(u"bare.txt", u"texture none.png");
+  std::vector<String> heard;
+  engine.engine.SetLogSink([&](StringView line, bool) {
+    heard.emplace_back(line);
+    if (heard.size() == 1) module.Export<DeactivateDllFunction>(kDeactivateDll)();
+  });
+  EXPECT_TRUE(gui->LoadStyle(u"bare.txt"));
+  engine.engine.SetLogSink([](StringView, bool) {});
+  EXPECT_EQ(heard, (Words{u"Can't load texture none.png", u"Gui is busy: not deactivated"}));
+}
+
 TEST_F(Loading, MakesTheStyleFromItsFile) {
   LoadText(u"tool style.txt");
   EXPECT_EQ(gui->GetStyleColor(), 0xFF8040U);
