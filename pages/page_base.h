@@ -30,7 +30,7 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   // Appends every widget that now has the name, in widget order.
   void AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const;
 
-  [[nodiscard]] virtual bool IsUnloading() const { return false; }  // and tells its clients
+  [[nodiscard]] virtual bool IsUnloading() const { return false; }  // tells its clients, who may do anything
 
   // The child of a node whose name begins with the word, letter case aside, and its position. On a miss false, null,
   // -1.
