@@ -32,7 +32,6 @@ std::uint32_t BagArgument(ScriptWorld& world, lua_State* state) {
 }
 
 int Bag(ScriptWorld& world, lua_State* state) {
-  const std::uint32_t bag = BagArgument(world, state);
   luaL_checktype(state, 2, LUA_TTABLE);
   BagEntries entries;
   const lua_Integer count = luaL_len(state, 2);
@@ -41,6 +40,7 @@ int Bag(ScriptWorld& world, lua_State* state) {
     entries.push_back(ReadEntry(state));
     lua_pop(state, 1);
   }
+  const std::uint32_t bag = BagArgument(world, state);  // what a metatable does may take it away
   world.Pictures().Fill(world.Gui(), bag, std::move(entries));
   return 0;
 }

@@ -35,17 +35,28 @@ int Open(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
+struct Entry {
+  String name;
+  String text;
+  String message;
+  std::int32_t textId = -1;
+};
+
+Entry ReadEntry(lua_State* state, int index) {
+  return {TextField(state, index, "name"), TextField(state, index, "text"), TextField(state, index, "message"),
+          IntegerField(state, index, "textid", -1)};
+}
+
 int Add(ScriptWorld& world, lua_State* state) {
+  const Entry entry = ReadEntry(state, 2);  // first, since the list may be gone behind what a metatable does
   ICGUIList& list = ListArgument(world, state);
-  luaL_checktype(state, 2, LUA_TTABLE);
   ICGUIItem& item = *list.AddItem();
-  item.name = TextField(state, 2, "name", item.name);
-  item.displayText = TextField(state, 2, "text", item.displayText);
-  item.textId = IntegerField(state, 2, "textid", item.textId);
-  const String message = TextField(state, 2, "message");
-  if (message.empty()) return 0;
+  item.name = entry.name;
+  item.displayText = entry.text;
+  item.textId = entry.textId;
+  if (entry.message.empty()) return 0;
   item.info->messages.push_back(std::make_unique<GuiMessage>());
-  item.info->messages.back()->text = message;
+  item.info->messages.back()->text = entry.message;
   item.info->messages.back()->source = &list;
   return 0;
 }
