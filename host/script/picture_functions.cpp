@@ -40,14 +40,14 @@ int SameImage(ScriptWorld& world, lua_State* state) {
   const fs::path file = WritablePicture(state, 1, "gui.same_image");
   const fs::path golden = WritablePicture(state, 2, "gui.same_image");
   const double tolerance = luaL_optnumber(state, 3, kPictureTolerance);
+  lua_pushstring(state, fs::path(TextArgument(state, 1)).replace_extension("difference.png").string().c_str());
+  const fs::path difference = WritablePicture(state, -1, "gui.same_image");
   WritePicture(world, file);
   if (world.RenewsPictures()) {
     fs::copy_file(file, golden, fs::copy_options::overwrite_existing);
     Push(state, true);
     return 1;
   }
-  fs::path difference = file;
-  difference.replace_extension("difference.png");
   const PictureDifference found = ComparePictures(file, golden);
   if (!found.comparable) {
     throw std::runtime_error(golden.string() + " cannot be compared: it is missing or of another size");
