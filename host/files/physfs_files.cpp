@@ -22,11 +22,19 @@ struct CloseFile {
   void operator()(PHYSFS_File* file) const { PHYSFS_close(file); }
 };
 
+// Whether a link in a folder leads to a file; those in archives lead nowhere else.
+bool LeadsToFile(const std::string& path) {
+  const std::filesystem::path place = PHYSFS_getRealDir(path.c_str());
+  std::error_code problem;
+  return !std::filesystem::is_directory(place, problem) ||
+         std::filesystem::is_regular_file(place / path.substr(path.find('/') + 1), problem);
+}
+
 // Folders, and what is neither folder nor file, are refused before they are opened: that could wait for ever.
 bool MayBeFile(const std::string& path) {
   PHYSFS_Stat stat;
-  return PHYSFS_stat(path.c_str(), &stat) != 0 &&
-         (stat.filetype == PHYSFS_FILETYPE_REGULAR || stat.filetype == PHYSFS_FILETYPE_SYMLINK);
+  if (PHYSFS_stat(path.c_str(), &stat) == 0) return false;
+  return stat.filetype == PHYSFS_FILETYPE_REGULAR || (stat.filetype == PHYSFS_FILETYPE_SYMLINK && LeadsToFile(path));
 }
 
 bool ReadWhole(const std::string& path, std::vector<std::uint8_t>& bytes) {

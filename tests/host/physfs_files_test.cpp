@@ -77,8 +77,10 @@ TEST_F(PhysfsFilesTest, NeverLeavesTheData) {
 
 TEST_F(PhysfsFilesTest, ReadsFilesOnly) {
   folder.Write("pages/a.txt", "");
+  std::filesystem::create_symlink("/dev/null", folder.Path() / "pages/device");
   files.Mount(folder.Path());
   EXPECT_EQ(Read(u"pages"), "-");
+  EXPECT_EQ(Read(u"pages/device"), "-");
   EXPECT_EQ(Read(u"PAGES"), "-");
   EXPECT_EQ(Read(u""), "-");
   EXPECT_EQ(Read(u"pages/a.txt"), "");
