@@ -1,5 +1,6 @@
 #include "host/script/closed_libraries.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <lua.hpp>
@@ -17,10 +18,30 @@ constexpr double kMostSteps = 1e10;              // of a pattern: some seconds
 // A guard stands in for the function that it keeps, looks at its arguments and goes on as that one.
 int GoOn(lua_State* state) { return lua_tocfunction(state, lua_upvalueindex(1))(state); }
 
+// Keeps a text and how much of it was given.
+int NextPiece(lua_State* state) {
+  constexpr std::size_t kPiece = 4096;
+  std::size_t size = 0;
+  const char* text = lua_tolstring(state, lua_upvalueindex(1), &size);
+  const auto start = static_cast<std::size_t>(lua_tointeger(state, lua_upvalueindex(2)));
+  const std::size_t count = std::min(kPiece, size - start);
+  lua_pushinteger(state, static_cast<lua_Integer>(start + count));
+  lua_replace(state, lua_upvalueindex(2));
+  lua_pushlstring(state, text + start, count);
+  return 1;
+}
+
+// The parser may take long on some texts: it calls for pieces, and with each call the clock is looked at.
 int LoadText(lua_State* state) {
+  luaL_checktype(state, 1, LUA_TSTRING);
   if (lua_gettop(state) < 3) lua_settop(state, 3);
+  if (lua_isnil(state, 2)) lua_copy(state, 1, 2);  // the name
   lua_pushliteral(state, "t");
   lua_replace(state, 3);
+  lua_pushvalue(state, 1);
+  lua_pushinteger(state, 0);
+  lua_pushcclosure(state, NextPiece, 2);
+  lua_replace(state, 1);
   return GoOn(state);
 }
 
@@ -70,10 +91,24 @@ int Find(lua_State* state) {
   });
 }
 
-// What a metatable answers may never end.
+// What a metatable answers may never end, or take long.
 void CheckPlain(lua_State* state, int argument) {
   const bool isPlain = lua_getmetatable(state, argument) == 0;
   luaL_argcheck(state, isPlain, argument, "a table without a metatable expected");
+}
+
+// A replacement that is a text is read for each place that matches.
+int Replace(lua_State* state) {
+  if (lua_istable(state, 3)) CheckPlain(state, 3);
+  if (lua_isstring(state, 3) != 0) {
+    std::size_t length = 0;
+    std::size_t size = 0;
+    luaL_checklstring(state, 1, &length);
+    lua_tolstring(state, 3, &size);
+    const double turns = (static_cast<double>(length) + 1) * static_cast<double>(size);
+    luaL_argcheck(state, turns <= static_cast<double>(kMostTurns), 3, "too long for so long a text");
+  }
+  return Match(state);
 }
 
 int WorkOnTable(lua_State* state) {
@@ -91,6 +126,20 @@ int MoveInTable(lua_State* state) {
     luaL_argcheck(state, turns <= static_cast<lua_Unsigned>(kMostTurns), 3, "too many");
   }
   return GoOn(state);
+}
+
+int IsLess(lua_State* state) {
+  lua_pushboolean(state, lua_compare(state, 1, 2, LUA_OPLT));
+  return 1;
+}
+
+// Calls a function for each comparison, so that the clock is looked at.
+int Sort(lua_State* state) {
+  if (lua_isnoneornil(state, 2)) {
+    lua_settop(state, 1);
+    lua_pushcfunction(state, IsLess);
+  }
+  return WorkOnTable(state);
 }
 
 // The variables to be closed of a routine that failed are closed where the clock is not looked at.
@@ -131,10 +180,10 @@ struct Guard {
 
 constexpr std::array kBase{Guard{"load", LoadText}, Guard{"setmetatable", SetMetatable}, Guard{"dofile", nullptr},
                            Guard{"loadfile", nullptr}};
-constexpr std::array kString{Guard{"find", Find},  Guard{"match", Match}, Guard{"gmatch", MatchEach},
-                             Guard{"gsub", Match}, Guard{"rep", Repeat},  Guard{"dump", nullptr}};
+constexpr std::array kString{Guard{"find", Find},    Guard{"match", Match}, Guard{"gmatch", MatchEach},
+                             Guard{"gsub", Replace}, Guard{"rep", Repeat},  Guard{"dump", nullptr}};
 constexpr std::array kTable{Guard{"concat", WorkOnTable}, Guard{"insert", WorkOnTable}, Guard{"move", MoveInTable},
-                            Guard{"remove", WorkOnTable}, Guard{"sort", WorkOnTable},   Guard{"unpack", WorkOnTable}};
+                            Guard{"remove", WorkOnTable}, Guard{"sort", Sort},          Guard{"unpack", WorkOnTable}};
 constexpr std::array kCoroutine{Guard{"close", CloseRoutine}, Guard{"wrap", Wrap, "resume"}};
 
 struct Library {

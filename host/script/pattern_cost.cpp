@@ -29,8 +29,9 @@ Choices CountChoices(std::string_view pattern) {
     if (unit == '[') {
       at = EndOfSet(pattern, at);
     } else if (unit == '%') {
-      if (at + 1 < pattern.size() && kLooksAhead.find(pattern[at + 1]) != std::string_view::npos) ++choices.free;
-      at += 2;
+      const char next = at + 1 < pattern.size() ? pattern[at + 1] : '\0';
+      if (kLooksAhead.find(next) != std::string_view::npos) ++choices.free;
+      at += next == 'b' ? 4U : 2U;  // the two brackets are no part of their own
     } else {
       if (kAnyNumber.find(unit) != std::string_view::npos) ++choices.free;
       if (unit == '?') ++choices.optional;

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -116,6 +117,9 @@ TEST_F(ScriptTest, EndsWhatDoesNotEnd) {
   EXPECT_THAT(complaint("\nwhile true do end"), tells);
   EXPECT_THAT(complaint("\nwhile true do pcall(function() while true do end end) end"), tells);
   EXPECT_THAT(complaint("\nwhile true do pcall(gui.frame) end"), tells);
+  EXPECT_THAT(complaint("function tree() local t = {} for i = 1, 60 do t = {t, t} end return t end\n"
+                        "check_equal(tree(), tree())"),
+              tells);
   EXPECT_THAT(complaint("local function f() while true do end end\nxpcall(f, f)"), HasSubstr("still running"));
   EXPECT_THAT(complaint("gui.on('play', function()\nwhile true do end end) gui.settle() gui.click('~bsquare')"), tells);
 
@@ -134,6 +138,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
   folder.Write("kept/bak/none", "");
   std::filesystem::create_symlink(outside.Path() / "kept", folder.Path() / "kept/bak/page.txt0");
   std::filesystem::create_symlink(outside.Path() / "gone", folder.Path() / "gone.png");
+  std::filesystem::create_symlink(outside.Path() / "gone", folder.Path() / "old.difference.png");
   const std::string game = R"(
     local ways = {
       function() os.execute("touch made") end, function() io.open("made", "w") end,
@@ -146,6 +151,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
       function() gui.shot("AWAY/made.png") end, function() gui.shot("gone.png") end,
       function() gui.same_image("made.png", "../made.png") end,
       function() gui.same_image("../made.png", "made.png") end,
+      function() gui.shot("golden.png") gui.same_image("old.png", "golden.png") end,
       function() gui.save_page("first", "away\\made.txt") end, function() gui.save_page("first", "..\\made.txt") end,
       function() gui.save_page("first", "pages\\first.txt") end,
       function() gui.save_page("first", "kept/page.txt") end, function() gui.save_style() end,
@@ -153,6 +159,11 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
       function() ("x"):rep(1 << 40) end, function() (""):rep(1 << 62) end,
       function() ("a"):rep(40):find((".-"):rep(20) .. "b") end, function() ("a"):rep(1 << 20):gsub("a*b", "") end,
       function() ("a"):rep(1 << 26):find(("a"):rep(1 << 25) .. "b", 1, true) end,
+      function() ("[]" .. ("a"):rep(3000)):find("%b[]" .. (".-"):rep(8) .. "x") end,
+      function() ("a"):rep(1 << 22):gsub("", ("%0"):rep(1 << 18)) end,
+      function() ("a"):gsub("a", setmetatable({}, {__index = {}})) end,
+      function() load(function() return nil end) end,
+      function() local t = {} for i = 1, 300000 do t = {t} end check_equal(t, {t}) end,
       function() table.concat(setmetatable({}, {__index = table.concat}), "", 1, math.maxinteger) end,
       function() table.move({}, 1, math.maxinteger, 2) end,
       function() local all = {} for i = 1, 1000 do all[i] = ("x"):rep(1 << 20) .. i end end,
@@ -199,6 +210,19 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
               HasSubstr("game.lua:1: gui.shot may not write made.png: the data is in an archive"));
 }
 
+// What one call of a library may spend long on.
+TEST_F(ScriptTest, EndsTheGameOfTheDataWithinLibraries) {
+  const std::array games{std::string("local s, all = ('x'):rep(1 << 24), {}\nlocal a, b = s .. 'a', s .. 'b'\n"
+                                     "for i = 1, 10000 do all[i] = i % 2 == 0 and a or b end table.sort(all)"),
+                         std::string("local all = {} for i = 1, 30000 do all[i] = '::a' .. i .. '::x=1 ' end\n"
+                                     "load(('local function f() ' .. table.concat(all) .. ' end '):rep(20))")};
+  for (const std::string& game : games) {
+    folder.Write("game.lua", game);
+    EXPECT_NE(Play("", "--timeout 0.5"), 0);
+    EXPECT_THAT(err, HasSubstr("still running after 0.5 seconds"));
+  }
+}
+
 class SampleScriptTest : public ScriptTest {
  protected:
   // Runs a script on the sample, over which the folder Over is laid; its exit status.
@@ -230,6 +254,25 @@ TEST_F(SampleScriptTest, KeepsTheWordsOfTheGui) {
             0)
       << err;
   EXPECT_THAT(out, HasSubstr("notification: settext:~tmusic"));
+}
+
+// A metatable may run anything while an argument is read.
+TEST_F(SampleScriptTest, ReadsItsTablesBeforeWhatTheyAreFor) {
+  folder.Write("Over/game.txt", "");
+  EXPECT_EQ(PlaySample(R"(
+    local list = gui.list("~ljourneys")
+    local done, why = pcall(list.add, list, setmetatable({}, {__index = function(_, key)
+      gui.unload()
+      return key == "textid" and 1 or key
+    end}))
+    check(not done and why:find("no widget ~ljourneys"), why)
+    gui.load("gui.txt")
+    done, why = pcall(gui.bag, "inventory", setmetatable({}, {__len = function() gui.unload() return 0 end}))
+    check(not done and why:find("no page inventory"), why)
+    gui.load("gui.txt")
+  )"),
+            0)
+      << err;
 }
 
 TEST_F(SampleScriptTest, LoadsPicturesAnew) {
