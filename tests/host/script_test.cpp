@@ -158,7 +158,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
       function() gui.save_language("Gui.txt") end, function() setmetatable({}, {__gc = print}) end,
       function() ("x"):rep(1 << 40) end, function() (""):rep(1 << 62) end,
       function() ("a"):rep(40):find((".-"):rep(20) .. "b") end, function() ("a"):rep(1 << 20):gsub("a*b", "") end,
-      function() ("a"):rep(1 << 26):find(("a"):rep(1 << 25) .. "b", 1, true) end,
+      function() ("a"):rep(1 << 18):find(("a"):rep(1 << 17) .. "b", 1, true) end,
       function() ("[]" .. ("a"):rep(3000)):find("%b[]" .. (".-"):rep(8) .. "x") end,
       function() ("a"):rep(1 << 22):gsub("", ("%0"):rep(1 << 18)) end,
       function() ("a"):gsub("a", setmetatable({}, {__index = {}})) end,
@@ -166,7 +166,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
       function() local t = {} for i = 1, 300000 do t = {t} end check_equal(t, {t}) end,
       function() table.concat(setmetatable({}, {__index = table.concat}), "", 1, math.maxinteger) end,
       function() table.move({}, 1, math.maxinteger, 2) end,
-      function() local all = {} for i = 1, 1000 do all[i] = ("x"):rep(1 << 20) .. i end end,
+      function() local all = {} for i = 1, 1000 do all[i] = ("x"):rep((1 << 26) + i) end end,
     }
     for i, way in ipairs(ways) do
       local done, why = pcall(way)
@@ -198,7 +198,7 @@ TEST_F(ScriptTest, KeepsTheGameOfTheDataInside) {
   folder.Write("game.lua", "gui.on('play', function()\nwhile true do end end)");
   EXPECT_NE(Play("gui.settle() gui.click('~bsquare')", "--timeout 0.3"), 0);
   EXPECT_THAT(err, HasSubstr("game.lua:2: still running"));
-  folder.Write("game.lua", "local all = {}\nfor i = 1, 1000 do all[i] = ('x'):rep(1 << 20) .. i end");
+  folder.Write("game.lua", "local all = {}\nfor i = 1, 1000 do all[i] = ('x'):rep((1 << 26) + i) end");
   EXPECT_THAT(FailureOf(""), HasSubstr("game.lua:2: not enough memory"));
   folder.Write("game.lua", "io.open('made', 'w'):close()");
   EXPECT_EQ(Play("", "--game game.lua"), 0) << "somebody named it: " << err;
