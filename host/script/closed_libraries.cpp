@@ -25,7 +25,7 @@ int NextPiece(lua_State* state) {
   const char* text = lua_tolstring(state, lua_upvalueindex(1), &size);
   const auto start = static_cast<std::size_t>(lua_tointeger(state, lua_upvalueindex(2)));
   const std::size_t count = std::min(kPiece, size - start);
-  lua_pushinteger(state, static_cast<lua_Integer>(start + count));
+  lua_pushinteger(state, static_cast<lua_Integer>(start) + static_cast<lua_Integer>(count));
   lua_replace(state, lua_upvalueindex(2));
   lua_pushlstring(state, text + start, count);
   return 1;
