@@ -9,12 +9,16 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
-def cpp_files():
-    """All C++ files of the source tree, those not yet added to git too, as paths from its root."""
+def files(*patterns):
+    """All files of the source tree, those not yet added to git too, as paths from its root."""
     listing = subprocess.run(
-        ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard", "--", "*.h", "*.cpp"],
+        ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard", "--", *patterns],
         cwd=ROOT, check=True, stdout=subprocess.PIPE, text=True).stdout
     return [path for path in sorted(set(listing.split("\0"))) if path and os.path.isfile(os.path.join(ROOT, path))]
+
+
+def cpp_files():
+    return files("*.h", "*.cpp")
 
 
 def read(path):
