@@ -67,16 +67,19 @@ class Program:
         return run(command, self.folder, self.environment, self.quiet, self.total)
 
     def failing_test(self):
-        """The name of what fails twice; None where nothing does."""
-        passed, output, _, _ = self.run()
-        if passed:
-            return None
-        failed = re.search(r"^\[  FAILED  \] ([^\s,]+)", output, re.MULTILINE)
-        begun = re.findall(r"^\[ RUN      \] (\S+)", output, re.MULTILINE)
-        test = failed[1] if failed else begun[-1] if begun else None
-        if test and not self.run(test)[0]:
-            return test
-        return None if self.run()[0] else test or self.name
+        """The name of what fails twice, alone or with all others; None where nothing does."""
+        seen = set()
+        for _ in range(3):
+            passed, output, _, _ = self.run()
+            if passed:
+                return None
+            failed = re.search(r"^\[  FAILED  \] ([^\s,]+)", output, re.MULTILINE)
+            begun = re.findall(r"^\[ RUN      \] (\S+)", output, re.MULTILINE)
+            test = failed[1] if failed else begun[-1] if begun else None
+            if test in seen or test and not self.run(test)[0]:
+                return test or self.name
+            seen.add(test)
+        return None
 
 
 class Copy:
