@@ -16,7 +16,7 @@ from concurrent.futures import ThreadPoolExecutor
 import sources
 
 
-FOR_WINDOWS = re.compile(r"_windows\.cpp$|^tests/windows/")  # no target of this system compiles them
+FOR_OTHER_SYSTEMS = re.compile(r"_(windows|elsewhere)\.cpp$|^tests/windows/")  # no target of this system compiles them
 WHERE_INSTALLED = re.compile(r"^bench/(imgui|cegui)_screen\.cpp$")  # compiled where their libraries are
 
 
@@ -91,7 +91,7 @@ def main():
     commands, tree, common = commands_of(build), Tree(), settings()
 
     wanted = sys.argv[2:] or [path for path in sources.cpp_files()
-                              if path.endswith(".cpp") and not FOR_WINDOWS.search(path)]
+                              if path.endswith(".cpp") and not FOR_OTHER_SYSTEMS.search(path)]
     strange = [path for path in wanted if path not in commands and not WHERE_INSTALLED.search(path)]
     for path in strange:
         print(f"{path}: no target of the build compiles this file")
