@@ -15,11 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void WritePicture(ScriptWorld& world, const fs::path& file) {
-  if (file.has_parent_path()) fs::create_directories(file.parent_path());
-  world.GetStage().WritePicture(file);
-}
-
 int Resize(ScriptWorld& world, lua_State* state) {
   const std::int32_t width = IntegerArgument(state, 1);
   const std::int32_t height = IntegerArgument(state, 2);
@@ -31,7 +26,7 @@ int Resize(ScriptWorld& world, lua_State* state) {
 }
 
 int Shot(ScriptWorld& world, lua_State* state) {
-  WritePicture(world, WritablePicture(state, 1, "gui.shot"));
+  world.GetStage().WritePicture(WritablePicture(state, 1, "gui.shot"));
   return 0;
 }
 
@@ -42,7 +37,7 @@ int SameImage(ScriptWorld& world, lua_State* state) {
   const double tolerance = luaL_optnumber(state, 3, kPictureTolerance);
   lua_pushstring(state, fs::path(TextArgument(state, 1)).replace_extension("difference.png").string().c_str());
   const fs::path difference = WritablePicture(state, -1, "gui.same_image");
-  WritePicture(world, file);
+  world.GetStage().WritePicture(file);
   if (world.RenewsPictures()) {
     fs::copy_file(file, golden, fs::copy_options::overwrite_existing);
     Push(state, true);
