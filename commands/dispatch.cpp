@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "commands/command_words.h"
 #include "commands/message_collector.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
 #include "engine/string_converter.h"
+#include "formats/command_words.h"
 
 namespace qen {
 namespace {
@@ -31,7 +31,7 @@ std::int32_t CommandValue(StringView word, const ICGUIObject& widget) {
 void DispatchItemCommands(std::uint32_t id, ICGUIObject& widget) {
   if (widget.info == nullptr) return;
   for (const auto& record : widget.info->messages) {
-    std::vector<String> parts = SplitString(record->text, u":\n", 0);
+    std::vector<String> parts = SplitString(record->text, String(formats::kCommandSeparators), 0);
     parts.resize(2);
     record->command = std::move(parts[0]);
     record->argument = std::move(parts[1]);

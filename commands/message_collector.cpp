@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "commands/command_words.h"
 #include "commands/live_objects.h"
 #include "commands/page_lists.h"
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
+#include "formats/command_words.h"
 
 namespace qen {
 namespace {

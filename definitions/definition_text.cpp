@@ -4,12 +4,10 @@
 
 #include "engine/system.h"
 #include "engine/vfs.h"
+#include "formats/definition_syntax.h"
 
 namespace qen {
 namespace {
-
-constexpr std::uint32_t kShortestFile = 3;  // bytes
-constexpr Char kByteOrderMark = 0xFEFF;
 
 std::optional<String> ReadWhole(const Char* file, std::uint32_t& size) {
   Char* buffer = nullptr;
@@ -29,9 +27,9 @@ std::optional<String> LoadDefinitionText(const Char* file) {
 std::optional<String> LoadMarkedDefinitionText(const Char* file, bool& tooShort) {
   std::uint32_t size = 0;
   std::optional<String> text = ReadWhole(file, size);
-  tooShort = text.has_value() && size < kShortestFile;
+  tooShort = text.has_value() && size < formats::kShortestFile;
   if (tooShort) return std::nullopt;
-  if (text && text->starts_with(kByteOrderMark)) text->erase(0, 1);
+  if (text && text->starts_with(formats::kByteOrderMark)) text->erase(0, 1);
   return text;
 }
 

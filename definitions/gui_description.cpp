@@ -3,9 +3,12 @@
 #include <array>
 
 #include "definitions/definition_text.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
+
+namespace word = formats::word;
 
 struct FileKey {
   StringView word;
@@ -13,18 +16,19 @@ struct FileKey {
 };
 
 constexpr std::array<FileKey, 4> kFileKeys{{
-    {u"lang", nullptr},
-    {u"name", &IGuiLoader::LoadPageFile},
-    {u"bagname", &IGuiLoader::LoadBagFile},
-    {u"tool", &IGuiLoader::LoadStyleFile},
+    {word::kLang, nullptr},
+    {word::kName, &IGuiLoader::LoadPageFile},
+    {word::kBagName, &IGuiLoader::LoadBagFile},
+    {word::kTool, &IGuiLoader::LoadStyleFile},
 }};
+static_assert(formats::AreRowsOf(kFileKeys, formats::kDescription));
 
 }  // namespace
 
 void ReadLanguageFileName(const String& text, String& file) {
   DefinitionPass pass(text);
   for (String token = pass.parser.NextToken(); !token.empty(); token = pass.parser.NextToken()) {
-    if (token == u"lang") file = pass.parser.NextToken();
+    if (token == word::kLang) file = pass.parser.NextToken();
   }
 }
 

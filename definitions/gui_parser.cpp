@@ -3,6 +3,8 @@
 #include <array>
 
 #include "engine/string_converter.h"
+#include "formats/definition_syntax.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
@@ -13,15 +15,17 @@ struct FontKeyword {
 };
 
 constexpr std::array<FontKeyword, 4> kFontKeywords{{
-    {u"height", [](LOGFONTW& font, std::int32_t value) { font.lfHeight = value; }},
-    {u"width", [](LOGFONTW& font, std::int32_t value) { font.lfWidth = value; }},
-    {u"weight", [](LOGFONTW& font, std::int32_t value) { font.lfWeight = value; }},
-    {u"italic", [](LOGFONTW& font, std::int32_t value) { font.lfItalic = static_cast<std::uint8_t>(value & 0xFF); }},
+    {formats::word::kHeight, [](LOGFONTW& font, std::int32_t value) { font.lfHeight = value; }},
+    {formats::word::kWidth, [](LOGFONTW& font, std::int32_t value) { font.lfWidth = value; }},
+    {formats::word::kWeight, [](LOGFONTW& font, std::int32_t value) { font.lfWeight = value; }},
+    {formats::word::kItalic,
+     [](LOGFONTW& font, std::int32_t value) { font.lfItalic = static_cast<std::uint8_t>(value & 0xFF); }},
 }};
+static_assert(formats::AreRowsOf(kFontKeywords, formats::kFont));
 
 }  // namespace
 
-CGUIParser::CGUIParser(std::basic_istream<Char>& input) : Parser(input, u" \t\n\r;") {}
+CGUIParser::CGUIParser(std::basic_istream<Char>& input) : Parser(input, formats::kSeparators) {}
 
 String CGUIParser::NextToken() { return nextlow(false); }
 
@@ -48,7 +52,7 @@ String CGUIParser::ReadString() {
 bool CGUIParser::ReadFontBlock(LOGFONTW& font) {
   const String face = NextToken();
   font.SetFaceName(face);
-  for (String token = NextToken(); !token.empty() && token != u"}"; token = NextToken()) {
+  for (String token = NextToken(); !token.empty() && token != formats::kClose; token = NextToken()) {
     for (const FontKeyword& keyword : kFontKeywords) {
       if (token == keyword.word) keyword.store(font, ReadInt());
     }

@@ -9,10 +9,14 @@
 #include "engine/bag_entry.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
+#include "formats/definition_syntax.h"
+#include "formats/definition_words.h"
 #include "widgets/list.h"
 
 namespace qen {
 namespace {
+
+namespace word = formats::word;
 
 ICGUIText* TextTarget(ICGUIObject* widget) {
   if (widget == nullptr || widget->text != nullptr) return widget != nullptr ? widget->text : nullptr;
@@ -85,37 +89,38 @@ struct EntryKeyword {
 };
 
 constexpr std::array<EntryKeyword, 5> kEntryKeywords{{
-    {u"name",
+    {word::kName,
      [](CGUIParser& parser, const EntryTarget& target) {
        String value = parser.ReadString();
        if (target.entry != nullptr) target.entry->name = std::move(value);
      }},
-    {u"textid",
+    {word::kTextId,
      [](CGUIParser& parser, const EntryTarget& target) {
        const std::int32_t value = parser.ReadInt();
        if (target.entry != nullptr) target.entry->textId = value;
      }},
-    {u"commentid",
+    {word::kCommentId,
      [](CGUIParser& parser, const EntryTarget& target) {
        const std::int32_t value = parser.ReadInt();
        if (target.entry != nullptr) target.entry->commentId = value;
      }},
-    {u"tooltip",
+    {word::kTooltip,
      [](CGUIParser& parser, const EntryTarget& target) {
        const std::int32_t value = parser.ReadInt();
        if (target.entry != nullptr) target.entry->info->tooltip = value;
      }},
-    {u"message",
+    {word::kMessage,
      [](CGUIParser& parser, const EntryTarget& target) {
        String value = parser.ReadString();
        if (target.entry != nullptr) AppendMessage(*target.entry->info, target.list, std::move(value));
      }},
 }};
+static_assert(formats::AreRowsOf(kEntryKeywords, formats::kEntry));
 
 void ReadListItem(CGUIParser& parser, ICGUIObject* widget) {
   auto* list = dynamic_cast<ICGUIList*>(widget);
   const EntryTarget target{list, list != nullptr ? list->AddItem() : nullptr};
-  for (String token = parser.NextToken(); !token.empty() && token != u"}"; token = parser.NextToken()) {
+  for (String token = parser.NextToken(); !token.empty() && token != formats::kClose; token = parser.NextToken()) {
     for (const EntryKeyword& keyword : kEntryKeywords) {
       if (token == keyword.word) keyword.read(parser, target);
     }
@@ -127,7 +132,7 @@ void ReadStateLabel(CGUIParser& parser, ICGUIObject* widget) {
   auto* check = dynamic_cast<ICGUICheckButton*>(widget);
   const ICGUIButton* button = check != nullptr ? (check->*side)() : nullptr;
   ICGUIText* label = button != nullptr ? button->text : nullptr;
-  for (String token = parser.NextToken(); !token.empty() && token != u"}"; token = parser.NextToken()) {
+  for (String token = parser.NextToken(); !token.empty() && token != formats::kClose; token = parser.NextToken()) {
     ReadTextProperty(parser, token, label);
   }
 }
@@ -139,30 +144,31 @@ struct ItemKeyword {
 
 // No keyword here is one of a text as well, so the order in which the two tables are tried does not matter.
 constexpr std::array<ItemKeyword, 17> kItemKeywords{{
-    {u"tooltip", ReadField<std::int32_t, &ItemInfo::tooltip>},
-    {u"visible", ReadFlag<&ICGUIObject::SetVisible>},
-    {u"disabled", ReadFlag<&ICGUIObject::SetDisabled>},
-    {u"min", ReadField<std::int32_t, &ItemInfo::min>},
-    {u"max", ReadField<std::int32_t, &ItemInfo::max>},
-    {u"position", ReadField<std::int32_t, &ItemInfo::position>},
-    {u"checked", ReadField<std::uint32_t, &ItemInfo::checked>},
-    {u"message", ReadMessage},
-    {u"maxselect", ReadMaxSelect},
-    {u"scale", ReadScale},
-    {u"alpha", ReadQuadNumber<&ICGUIDummy::GetAlpha>},
-    {u"active", ReadQuadNumber<&ICGUIDummy::GetActive>},
-    {u"texture", ReadTexture},
-    {u"id", ReadId},
-    {u"listitem", ReadListItem},
-    {u"b_checked", ReadStateLabel<&ICGUICheckButton::GetCheckedButton>},
-    {u"b_unchecked", ReadStateLabel<&ICGUICheckButton::GetUncheckedButton>},
+    {word::kTooltip, ReadField<std::int32_t, &ItemInfo::tooltip>},
+    {word::kVisible, ReadFlag<&ICGUIObject::SetVisible>},
+    {word::kDisabled, ReadFlag<&ICGUIObject::SetDisabled>},
+    {word::kMin, ReadField<std::int32_t, &ItemInfo::min>},
+    {word::kMax, ReadField<std::int32_t, &ItemInfo::max>},
+    {word::kPosition, ReadField<std::int32_t, &ItemInfo::position>},
+    {word::kChecked, ReadField<std::uint32_t, &ItemInfo::checked>},
+    {word::kMessage, ReadMessage},
+    {word::kMaxSelect, ReadMaxSelect},
+    {word::kScale, ReadScale},
+    {word::kAlpha, ReadQuadNumber<&ICGUIDummy::GetAlpha>},
+    {word::kActive, ReadQuadNumber<&ICGUIDummy::GetActive>},
+    {word::kTexture, ReadTexture},
+    {word::kId, ReadId},
+    {word::kListItem, ReadListItem},
+    {word::kBChecked, ReadStateLabel<&ICGUICheckButton::GetCheckedButton>},
+    {word::kBUnchecked, ReadStateLabel<&ICGUICheckButton::GetUncheckedButton>},
 }};
+static_assert(formats::AreRowsOf(kItemKeywords, formats::kItem));
 
 }  // namespace
 
 void ReadItemBlock(CGUIParser& parser, ICGUIObject* widget) {
   ICGUIText* text = TextTarget(widget);
-  for (String token = parser.NextToken(); !token.empty() && token != u"}"; token = parser.NextToken()) {
+  for (String token = parser.NextToken(); !token.empty() && token != formats::kClose; token = parser.NextToken()) {
     const auto* found = std::find_if(kItemKeywords.begin(), kItemKeywords.end(),
                                      [&token](const ItemKeyword& candidate) { return candidate.word == token; });
     if (found != kItemKeywords.end()) {

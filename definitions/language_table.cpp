@@ -2,14 +2,16 @@
 
 #include "definitions/definition_text.h"
 #include "engine/string_converter.h"
+#include "formats/definition_syntax.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
 
 using Texts = std::unordered_map<std::uint32_t, String>;
 
-constexpr StringView kSection = u"lang";
-constexpr StringView kEntryPrefix = u"str";
+constexpr StringView kSection = formats::word::kLang;
+constexpr StringView kEntryPrefix = formats::word::kTextPrefix;
 
 // A backslash and n or t stand for a line feed and a tab; any other character behind a backslash stands for itself. A
 // backslash at the very end stays.
@@ -37,7 +39,7 @@ void ReadSection(CGUIParser& parser, Texts& texts) {
       token = ConvertEscapes(token);
       texts.try_emplace(static_cast<std::uint32_t>(id), token);
     }
-    if (token == u"}") return;
+    if (token == formats::kClose) return;
   }
 }
 

@@ -15,9 +15,12 @@
 #include "engine/output.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
+
+namespace word = formats::word;
 
 // A header being read.
 struct Header {
@@ -36,23 +39,22 @@ struct HeaderKey {
   void (*take)(Header& header, const String& value);
 };
 
-constexpr std::size_t kBagKeys = 3;  // the first so many are keys of a bag file too
-
 constexpr std::array<HeaderKey, 7> kHeaderKeys{{
-    {u"anim_in",
+    {word::kAnimIn,
      [](Header& header, const String& file) {
        if (const std::int32_t animation = AddAnimation(header, file); animation >= 0) header.page.SetAnimIn(animation);
      }},
-    {u"anim_out",
+    {word::kAnimOut,
      [](Header& header, const String& file) {
        if (const std::int32_t animation = AddAnimation(header, file); animation >= 0) header.page.SetAnimOut(animation);
      }},
-    {u"anim", [](Header& header, const String& file) { AddAnimation(header, file); }},
-    {u"onmousewav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kMouse, file); }},
-    {u"onclickwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kClick, file); }},
-    {u"onaniminwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimIn, file); }},
-    {u"onanimoutwav", [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimOut, file); }},
+    {word::kAnim, [](Header& header, const String& file) { AddAnimation(header, file); }},
+    {word::kOnMouseWav, [](Header& header, const String& file) { header.page.SetSound(sound_kind::kMouse, file); }},
+    {word::kOnClickWav, [](Header& header, const String& file) { header.page.SetSound(sound_kind::kClick, file); }},
+    {word::kOnAnimInWav, [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimIn, file); }},
+    {word::kOnAnimOutWav, [](Header& header, const String& file) { header.page.SetSound(sound_kind::kAnimOut, file); }},
 }};
+static_assert(formats::AreRowsOf(kHeaderKeys, formats::kPageKeys));
 
 void ReadKeys(CGUIParser& parser, std::span<const HeaderKey> keys, Header& header) {
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
@@ -84,7 +86,7 @@ bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
   std::optional<Stopwatch> stopwatch;
   if (format == PageFormat::Page) stopwatch.emplace();
   bool named = true;
-  if (first == u"name") {
+  if (first == word::kName) {
     const String scene = parser.NextToken();
     named = !scene.empty();
     if (!page.LoadScene(scene)) return false;
@@ -93,7 +95,7 @@ bool ReadPageHeader(const String& text, PageFormat format, IPageBuilder& page) {
   page.SetAnimOut(-1);
   Header header{page};
   const std::span<const HeaderKey> keys(kHeaderKeys);
-  ReadKeys(parser, format == PageFormat::Bag ? keys.first(kBagKeys) : keys, header);
+  ReadKeys(parser, format == PageFormat::Bag ? keys.first(formats::kBagKeys.size()) : keys, header);
   page.Build();
   if (stopwatch && System::output != nullptr) {
     System::output->Print(u"... [%1.1f sec]\n", stopwatch->Seconds());
@@ -107,7 +109,7 @@ bool ReadPageItems(const String& text, IPageBuilder& page) {
   CGUIParser& parser = pass.parser;
   parser.NextToken();
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
-    if (token != u"item") continue;
+    if (token != word::kItem) continue;
     const auto found = widgets.find(ttolowercase(parser.NextToken()));
     ReadItemBlock(parser, found != widgets.end() ? found->second : nullptr);
   }

@@ -6,19 +6,22 @@
 #include "engine/gui_page_object.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
 
+namespace word = formats::word;
+
 void WriteAnim(LineWriter& out, StringView keyword, const ICGUIPageObject& page, std::int32_t index) {
   const auto position = static_cast<std::size_t>(index);
-  if (index >= 0 && position < page.anims.size()) out.Line(keyword, page.anims[position]->name);
+  if (index >= 0 && position < page.anims.size()) out.Line(keyword, u" ", page.anims[position]->name);
 }
 
 void WriteSceneAndTransitions(LineWriter& out, const ICGUIPageObject& page) {
-  out.Line(u"name ", page.name);
-  WriteAnim(out, u"anim_in ", page, page.animIn);
-  WriteAnim(out, u"anim_out ", page, page.animOut);
+  out.Line(word::kName, u" ", page.name);
+  WriteAnim(out, word::kAnimIn, page, page.animIn);
+  WriteAnim(out, word::kAnimOut, page, page.animOut);
 }
 
 void WriteSounds(LineWriter& out, const PageSoundFiles& sounds) {
@@ -26,16 +29,16 @@ void WriteSounds(LineWriter& out, const PageSoundFiles& sounds) {
     StringView keyword;
     const String& file;
   };
-  for (const Row& row : {Row{u"onmousewav ", sounds.mouse}, Row{u"onclickwav ", sounds.click},
-                         Row{u"onaniminwav ", sounds.animIn}, Row{u"onanimoutwav ", sounds.animOut}}) {
-    if (!row.file.empty()) out.Line(row.keyword, row.file);
+  for (const Row& row : {Row{word::kOnMouseWav, sounds.mouse}, Row{word::kOnClickWav, sounds.click},
+                         Row{word::kOnAnimInWav, sounds.animIn}, Row{word::kOnAnimOutWav, sounds.animOut}}) {
+    if (!row.file.empty()) out.Line(row.keyword, u" ", row.file);
   }
 }
 
 void WriteOtherAnims(LineWriter& out, const ICGUIPageObject& page) {
   for (const ICGUIAnim* anim : page.anims) {
     const bool transition = anim->animationIndex == page.animIn || anim->animationIndex == page.animOut;
-    if (!transition) out.Line(u"anim ", anim->name, u"\r\n");
+    if (!transition) out.Line(word::kAnim, u" ", anim->name, u"\r\n");
   }
 }
 
@@ -63,8 +66,8 @@ String WriteBag(ICGUIPageObject& page) {
 
 String WriteStyle(const StyleSettings& style) {
   LineWriter out;
-  out.Line(u"texture ", style.texture);
-  out.Line(u"color_normal  ", Hex{style.color});
+  out.Line(word::kTexture, u" ", style.texture);
+  out.Line(word::kColorNormal, u"  ", Hex{style.color});
   out.Add(u"\n");
   WriteFont(out, style.font, u"");
   return out.Text();

@@ -1,18 +1,24 @@
 #include "definitions/style_reader.h"
 
 #include "definitions/definition_text.h"
+#include "formats/definition_words.h"
 
 namespace qen {
+namespace {
+
+namespace word = formats::word;
+
+}  // namespace
 
 void ReadStyle(const String& text, StyleSettings& style) {
   DefinitionPass pass(text);
   CGUIParser& parser = pass.parser;
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
-    if (token == u"color_normal") {
+    if (token == word::kColorNormal) {
       style.color = parser.ReadHex();
-    } else if (token == u"font") {
+    } else if (token == word::kFont) {
       parser.ReadFontBlock(style.font);
-    } else if (token == u"texture") {
+    } else if (token == word::kTexture) {
       style.texture = parser.NextToken();
     }
   }

@@ -6,9 +6,12 @@
 
 #include "definitions/gui_parser.h"
 #include "engine/gui_widgets.h"
+#include "formats/definition_words.h"
 
 namespace qen {
 namespace {
+
+namespace word = formats::word;
 
 void ReadShadowOffset(CGUIParser& parser, ICGUIText* text) {
   const float offset = std::trunc(parser.ReadFloat());
@@ -40,19 +43,20 @@ struct TextKeyword {
 };
 
 constexpr std::array<TextKeyword, 12> kTextKeywords{{
-    {u"textid", ReadNumber<std::int32_t, &ICGUIText::GetTextId>},
-    {u"centered", ReadNumber<std::uint32_t, &ICGUIText::GetCentered>},
-    {u"editabled", ReadNumber<std::uint32_t, &ICGUIText::GetEditable>},
-    {u"maxchars", ReadNumber<std::int32_t, &ICGUIText::GetMaxChars>},
-    {u"shadowoff", ReadShadowOffset},
-    {u"color_normal", ReadColor<ICGUIText::kNormal>},
-    {u"color_select", ReadColor<ICGUIText::kSelect>},
-    {u"color_onmouse", ReadColor<ICGUIText::kOnMouse>},
-    {u"color_disabled", ReadColor<ICGUIText::kDisabled>},
-    {u"color_shadow", ReadColor<ICGUIText::kShadow>},
-    {u"color_shadowsel", ReadColor<ICGUIText::kShadowOnMouse>},
-    {u"font", ReadFont},
+    {word::kTextId, ReadNumber<std::int32_t, &ICGUIText::GetTextId>},
+    {word::kCentered, ReadNumber<std::uint32_t, &ICGUIText::GetCentered>},
+    {word::kEditabled, ReadNumber<std::uint32_t, &ICGUIText::GetEditable>},
+    {word::kMaxChars, ReadNumber<std::int32_t, &ICGUIText::GetMaxChars>},
+    {word::kShadowOff, ReadShadowOffset},
+    {word::kColorNormal, ReadColor<ICGUIText::kNormal>},
+    {word::kColorSelect, ReadColor<ICGUIText::kSelect>},
+    {word::kColorOnMouse, ReadColor<ICGUIText::kOnMouse>},
+    {word::kColorDisabled, ReadColor<ICGUIText::kDisabled>},
+    {word::kColorShadow, ReadColor<ICGUIText::kShadow>},
+    {word::kColorShadowSel, ReadColor<ICGUIText::kShadowOnMouse>},
+    {word::kFont, ReadFont},
 }};
+static_assert(formats::AreRowsOf(kTextKeywords, formats::kText));
 
 }  // namespace
 

@@ -1,10 +1,10 @@
 // The commands that the book carries out itself.
 #include <algorithm>
 
-#include "commands/command_words.h"
 #include "commands/live_objects.h"
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
+#include "formats/command_words.h"
 #include "module/book_busy.h"
 #include "pages/page_base.h"
 

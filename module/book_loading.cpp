@@ -1,5 +1,4 @@
 // Loading of everything that the description file names, and the languages.
-#include "commands/command_words.h"
 #include "definitions/definition_file.h"
 #include "definitions/definition_text.h"
 #include "definitions/language_table.h"
@@ -8,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/platform.h"
 #include "engine/system.h"
+#include "formats/command_words.h"
 #include "module/book.h"
 #include "module/book_busy.h"
 #include "pages/page_base.h"

@@ -1,11 +1,11 @@
 // The registry of pages and the two lists.
 #include <algorithm>
 
-#include "commands/command_words.h"
 #include "commands/message_collector.h"
 #include "engine/messages.h"
 #include "engine/output.h"
 #include "engine/system.h"
+#include "formats/command_words.h"
 #include "module/book_busy.h"
 #include "pages/bag_page.h"
 #include "pages/page.h"

@@ -5,18 +5,19 @@ import sys
 
 import sources
 
-MODULE_FOLDERS = ["engine", "commands", "widgets", "definitions", "pages", "module"]
+MODULE_FOLDERS = ["engine", "formats", "commands", "widgets", "definitions", "pages", "module"]
 
 # Folder: the other folders whose headers it may include. Folders that are not named here may include all.
 ALLOWED = {
     "engine": [],
-    "commands": ["engine"],
-    "widgets": ["engine", "commands"],
-    "definitions": ["engine", "commands", "widgets"],
-    "pages": ["engine", "commands", "widgets", "definitions"],
-    "module": ["engine", "commands", "widgets", "definitions", "pages"],
+    "formats": ["engine"],
+    "commands": ["engine", "formats"],
+    "widgets": ["engine", "formats", "commands"],
+    "definitions": ["engine", "formats", "commands", "widgets"],
+    "pages": ["engine", "formats", "commands", "widgets", "definitions"],
+    "module": ["engine", "formats", "commands", "widgets", "definitions", "pages"],
     "base": ["engine"],
-    "host": ["engine", "base"],
+    "host": ["engine", "formats", "base"],
 }
 NO_LIBRARIES = MODULE_FOLDERS + ["base"]  # the standard library alone
 SYSTEM_HEADERS = {"engine": {"windows.h", "mmsystem.h"}, "base": {"fcntl.h", "io.h", "sys/stat.h", "unistd.h", "windows.h"}}

@@ -1,7 +1,5 @@
 #include "host/app/game.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/utf.h"
@@ -10,6 +8,7 @@
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
+#include "formats/command_words.h"
 #include "host/app/pages.h"
 
 namespace qen::host {
@@ -18,17 +17,11 @@ namespace {
 // Commands are sent to every category; this one keeps the GUI's input away.
 constexpr std::uint32_t kGameCategory = 0x1;
 
-constexpr std::array<StringView, 13> kGuiWords{
-    u"setpage",       u"undopage",          u"addrenderpage",       u"remrenderpage",
-    u"addactivepage", u"remactivepage",     u"removeallfromrender", u"un/checked",
-    u"radiogroup",    u"visible/unvisible", u"unvisible/visible",   u"enable/disable",
-    u"settext"};
-
 std::string Words(const GuiMessage& record) {
   return base::ToUtf8(record.argument.empty() ? record.command : record.command + u':' + record.argument);
 }
 
-bool IsGuiWord(StringView word) { return std::ranges::find(kGuiWords, word) != kGuiWords.end(); }
+bool IsGuiWord(StringView word) { return formats::FindCommand(word) != nullptr; }
 
 }  // namespace
 

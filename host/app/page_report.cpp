@@ -12,6 +12,7 @@
 #include "engine/item_info.h"
 #include "engine/scene.h"
 #include "engine/string_converter.h"
+#include "formats/command_words.h"
 #include "host/app/definition_tokens.h"
 #include "host/app/page_outline.h"
 
@@ -50,11 +51,10 @@ EmptyPage ExplainEmpty(const ICGUIPageObject& page, base::IFileBackend& files) {
 
 // The page that a command text names although there is none of that name; empty when all is well.
 String UnknownPage(const std::set<String>& pages, const String& command) {
-  constexpr std::array<StringView, 5> kWords{u"setpage", u"addrenderpage", u"remrenderpage", u"addactivepage",
-                                             u"remactivepage"};
-  std::vector<String> parts = SplitString(command, u":\n", 0);
+  std::vector<String> parts = SplitString(command, String(formats::kCommandSeparators), 0);
   parts.resize(2);
-  if (std::ranges::find(kWords, parts[0]) == kWords.end() || pages.contains(parts[1])) return {};
+  const formats::CommandWord* word = formats::FindCommand(parts[0]);
+  if (word == nullptr || word->argument != formats::Argument::Page || pages.contains(parts[1])) return {};
   return parts[1];
 }
 
@@ -122,12 +122,12 @@ std::string FindEmptyPage(IGui& gui, base::IFileBackend& files) {
 
 void ReportShortStyles(const String& description, base::IFileBackend& files,
                        const std::function<void(const std::string& line)>& print) {
-  constexpr std::array<StringView, 4> kKeys{u"lang", u"name", u"bagname", u"tool"};
+  constexpr std::array<StringView, 4> kKeysOfFiles{u"lang", u"name", u"bagname", u"tool"};
   constexpr std::size_t kFewest = 2;  // characters
   const auto tokens = ReadTokens(files, description).value_or(std::vector<String>());
   std::vector<std::uint8_t> bytes;
   for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
-    if (std::ranges::find(kKeys, tokens[i]) == kKeys.end()) continue;
+    if (std::ranges::find(kKeysOfFiles, tokens[i]) == kKeysOfFiles.end()) continue;
     const String& file = tokens[++i];
     if (tokens[i - 1] != u"tool" || !files.Read(file, bytes) || base::DecodeText(bytes).size() >= kFewest) continue;
     print(base::ToUtf8(file) + ": too short for a style, so there are no tooltips");

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "commands/command_words.h"
+#include "formats/command_words.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
 #include "host/app/pages.h"
