@@ -41,7 +41,6 @@ install(
   PATTERN __pycache__ EXCLUDE)
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY tests/install/outside_host DESTINATION ${CMAKE_INSTALL_DOCDIR}/tests/install)
 
 install(
   EXPORT gui_targets

@@ -26,10 +26,12 @@ class Bytes {
   // One of the elements: '0' the first, and so on, round and round.
   template <class List>
   auto& OneOf(List& list) {
-    return list[static_cast<std::uint8_t>(Next() - '0') % std::size(list)];
+    return std::data(list)[static_cast<std::uint8_t>(Next() - '0') % std::size(list)];
   }
 
   std::int32_t Number() { return OneOf(kNumbers); }
+  std::uint32_t Flag() { return static_cast<std::uint32_t>(Number()); }
+  std::uint32_t Index() { return static_cast<std::uint32_t>(Next() - '0'); }  // perhaps out of range
 
  private:
   using Limits = std::numeric_limits<std::int32_t>;

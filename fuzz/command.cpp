@@ -1,59 +1,74 @@
-// Commands: each line of the input is carried by every widget that sends commands, and by an entry of the list.
-#include <algorithm>
-
+// Commands: each line of the input is carried by a widget or an entry of the list, in turn.
 #include "base/utf.h"
-#include "engine/gui_widgets.h"
-#include "engine/item_info.h"
+#include "commands/dispatch.h"
+#include "engine/string_converter.h"
 #include "fuzz/stage.h"
 
 namespace qen::fuzz {
 namespace {
 
-constexpr std::size_t kCommands = 16;  // of one widget
+constexpr std::size_t kCommands = 16;
 
-std::vector<String> Lines(Input input) {
-  const String text = base::ToUtf16(std::string(input.begin(), input.end()));
-  std::vector<String> lines;
-  for (std::size_t start = 0; start <= text.size() && lines.size() < kCommands;) {
-    const std::size_t end = std::min(text.find(u'\n', start), text.size());
-    lines.push_back(text.substr(start, end - start));
-    start = end + 1;
+class CommandStage final : public Stage {
+ public:
+  CommandStage();
+
+  void CarryOut(const std::vector<String>& commands);
+
+ private:
+  void Restore();
+
+  std::vector<ICGUIObject*> carriers_;
+  std::vector<std::pair<ICGUIText*, std::int32_t>> textIds_;
+};
+
+CommandStage::CommandStage() {
+  AddFiles(kEverything);
+  Load();
+  for (ICGUIObject* widget : Widgets()) {
+    carriers_.push_back(widget);
+    auto* text = widget->text != nullptr ? widget->text : dynamic_cast<ICGUIText*>(widget);
+    if (text != nullptr) textIds_.emplace_back(text, text->GetTextId());
+    auto* list = dynamic_cast<ICGUIList*>(widget);
+    for (std::uint32_t i = 0; list != nullptr && i < list->GetItemCount(); ++i) carriers_.push_back(list->GetItem(i));
   }
-  return lines;
+  Restore();
 }
 
-void Carry(ICGUIObject& widget, const std::vector<String>& commands) {
-  widget.info->messages.clear();
-  for (const String& command : commands) {
-    auto record = std::make_unique<GuiMessage>();
-    record->text = command;
-    record->source = &widget;
-    widget.info->messages.push_back(std::move(record));
+void CommandStage::CarryOut(const std::vector<String>& commands) {
+  for (std::size_t i = 0; i < commands.size(); ++i) Say(*carriers_[i % carriers_.size()], {commands[i]});
+  for (ICGUIObject* carrier : carriers_) DispatchItemCommands(message::kCommand, *carrier);
+  Deliver();
+  // Those wait whose page plays an animation, until it is over.
+  for (std::uint32_t page = 0; page < gui->GetPageCount(); ++page) gui->GetPage(page)->StopAnims();
+  Deliver();
+  Restore();
+}
+
+void CommandStage::Restore() {
+  for (ICGUIObject* carrier : carriers_) {
+    ItemInfo& info = *carrier->info;
+    info.messages.clear();
+    info.visible = 1;
+    info.disabled = info.checked = 0;
   }
+  for (const auto& [text, id] : textIds_) text->SetTextId(id);
+  gui->Reset();
+  gui->ClearUndo();
+  for (std::uint32_t page = 0; page < gui->GetPageCount(); ++page) {
+    gui->GetPage(page)->StopAnims();
+    gui->GetPage(page)->Disable(true);
+  }
+  ShowOnly(0);
+  ForgetRecords();
 }
 
 }  // namespace
 
 void Try(Input input) {
-  Stage stage;
-  stage.listener.onRecord = [](std::uint32_t, GuiMessage& record) {
-    if (record.command == u"play") record.handled = 1;
-  };
-  stage.Load();
-  stage.Frame(1.0);  // the entrance is over
-  const std::vector<String> commands = Lines(input);
-  const std::vector<ICGUIObject*> widgets = stage.Widgets();
-  for (ICGUIObject* widget : widgets) {
-    Carry(*widget, commands);
-    auto* list = dynamic_cast<ICGUIList*>(widget);
-    for (std::uint32_t i = 0; list != nullptr && i < list->GetItemCount(); ++i) Carry(*list->GetItem(i), commands);
-  }
-  for (ICGUIObject* widget : widgets) {
-    stage.Click(*widget);
-    stage.Frame(0.4);  // shorter than an animation: some commands wait
-    stage.Draw();
-  }
-  stage.Frame(1.0);
+  std::vector<String> lines = SplitString(base::ToUtf16(std::string(input.begin(), input.end())), u"\n", 0);
+  if (lines.size() > kCommands) lines.resize(kCommands);
+  Kept<CommandStage>().CarryOut(lines);
 }
 
 }  // namespace qen::fuzz

@@ -23,13 +23,9 @@ void Play::TakeSteps() {
 
 void Play::TakeStep() {
   const char letter = static_cast<char>(bytes.Next());
-  for (const std::span<const Step> steps : {InputSteps(), BookSteps(), WidgetSteps()}) {
-    const auto found = std::ranges::find(steps, letter, &Step::letter);
-    if (found != steps.end()) return found->take(*this);
-  }
+  const auto found = std::ranges::find(Steps(), letter, &Step::letter);
+  if (found != Steps().end()) found->take(*this);
 }
-
-void Play::TakeStepInside() { ++waiting_; }
 
 void Play::TakeStepsInside() {
   if (waiting_ == 0 || depth_ == kDepth) return;
@@ -38,11 +34,5 @@ void Play::TakeStepsInside() {
   TakeStep();
   --depth_;
 }
-
-ICGUIObject* Play::Widget() { return WidgetOf<ICGUIObject>(); }
-
-ICGUIPageObject* Play::Page() { return gui.GetPage(PageIndex()); }
-
-std::uint32_t Play::PageIndex() { return static_cast<std::uint32_t>(bytes.Next() - '0'); }
 
 }  // namespace qen::fuzz

@@ -7,25 +7,35 @@ namespace {
 
 constexpr StringView kScene = u"page.glb";
 constexpr StringView kEntrance = u"in.glb";
+constexpr std::size_t kWidgets = 8;  // that are clicked
+
+struct SceneStage : Stage {
+  SceneStage() { AddFiles(u"name page.txt"); }
+
+  host::GltfScenes scenes{engine.files, [](StringView) {}};
+};
 
 }  // namespace
 
 void Try(Input input) {
-  Stage stage;
-  host::GltfScenes scenes(stage.engine.files, [](StringView) {});
+  auto& stage = Kept<SceneStage>();
   String error;
-  auto scene = scenes.ParseScene(kScene, input, true, error);
-  auto entrance = scenes.ParseAnimation(kEntrance, input, error);
-  scenes.ParseImage(input);
-  if (!scene) return;
-  stage.engine.AddScene(kScene, std::move(*scene));
-  if (entrance) stage.engine.AddAnimation(kEntrance, std::move(*entrance));
-  stage.Load();
-  stage.Draw();
-  stage.Frame(0.1);
-  for (ICGUIObject* widget : stage.gui->GetPageItems(0)) stage.Click(*widget);
-  stage.Frame(1.5);
-  stage.Draw();
+  auto scene = stage.scenes.ParseScene(kScene, input, true, error);
+  auto entrance = stage.scenes.ParseAnimation(kEntrance, input, error);
+  stage.scenes.ParseImage(input);
+  if (scene) {
+    stage.engine.AddScene(kScene, std::move(*scene));
+    stage.engine.AddAnimation(kEntrance, std::move(entrance).value_or(base::AnimationData{}));
+    stage.Load();
+    stage.Draw();
+    stage.Frame(0.1);
+    std::vector<ICGUIObject*> widgets = stage.gui->GetPageItems(0);
+    if (widgets.size() > kWidgets) widgets.resize(kWidgets);
+    for (ICGUIObject* widget : widgets) stage.Click(*widget);
+    stage.Frame(1.5);
+    stage.Draw();
+  }
+  stage.GiveBack();
 }
 
 }  // namespace qen::fuzz

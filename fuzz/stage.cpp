@@ -2,18 +2,16 @@
 
 #include <cstdlib>
 
+#include "engine/msg_daemon.h"
+#include "engine/system.h"
+#include "tests/module/data_folder.h"
 #include "tests/module/every_widget.h"
+#include "widgets/caret.h"
 
 namespace qen::fuzz {
 namespace {
 
-struct File {
-  StringView name;
-  StringView text;
-};
-
-constexpr File kFiles[] = {
-    {kDescriptionFile, u"lang texts.txt tool style.txt name page.txt name other.txt bagname bag.txt"},
+constexpr std::pair<StringView, StringView> kFiles[] = {
     {kLanguageFile,
      u"lang english { str1 One str2 \"Two words\" str3 \"Three\\nlines\\nof text\" }\n"
      u"lang german { str1 Eins str2 \"Zwei W\u00f6rter\" }"},
@@ -33,31 +31,22 @@ constexpr File kFiles[] = {
     {kStyleFile, u"texture picture.png color_normal ff8000 font Courier { height -18 }"},
 };
 
-// What lasts as long as the process.
-struct Process {
-  Process() {
-    // What is saved is flushed to the disk, which is slow unless it is none.
-    constexpr const char* kMemory = "/dev/shm";
-    if (std::filesystem::is_directory(kMemory)) setenv("TMPDIR", kMemory, 0);
-  }
-
-  test::Module library;  // loaded before libFuzzer looks for what it can watch
-};
-const Process process;
+// Where the GUI saves. What is saved is flushed to the disk, which is slow unless it is none.
+const test::DataFolder& SavedFiles() {
+  constexpr const char* kMemory = "/dev/shm";
+  if (std::filesystem::is_directory(kMemory)) setenv("TMPDIR", kMemory, 0);
+  static const test::DataFolder folder;
+  return folder;
+}
 
 }  // namespace
 
 Stage::Stage() {
+  SavedFiles();
   engine.RecordCalls(false);
-  AddFiles();
 }
 
-Stage::~Stage() {
-  gui->Release();
-  gui->Reset();
-}
-
-void Stage::AddFiles() {
+void Stage::AddFiles(StringView description) {
   test::AddPageOfEveryWidget(engine, u"page", {});
   AddButtonPage(u"other", {u"back"});
   test::AddBag(engine, u"bag", 3, {});
@@ -66,14 +55,38 @@ void Stage::AddFiles() {
   engine.AddPictureFile(u"picture.png");
   engine.AddPictureFile(u"textures\\guitex\\default_bag.png");
   engine.AddSound(u"sound.wav");
-  for (const File& file : kFiles) engine.files.AddText(file.name, file.text);
+  for (const auto& [name, text] : kFiles) engine.files.AddText(name, text);
+  engine.files.AddText(kDescriptionFile, description);
+}
+
+void Stage::GiveBack() {
+  gui->Reset();
+  System::daemon->RemoveHandler(&listener, category::kAll);
+  module.Export<DeactivateDllFunction>(kDeactivateDll)();
+  gui = System::gui = module.Export<ActivateDllFunction>(kActivateDll)();
+  System::daemon->AddHandler(&listener, category::kAll);
+  entries_.clear();
+  ForgetRecords();
+  if (!saved_) return;
+  for (const auto& entry : std::filesystem::directory_iterator(SavedFiles().Path())) remove_all(entry.path());
+  saved_ = false;
+}
+
+void Stage::ForgetRecords() {
+  engine.files.reads = {};
+  engine.sound.played = {};
+  engine.ime.changes = {};
+  engine.log = {};
+  listener.records.clear();
+  engine.errors = {};
 }
 
 void Stage::Load() {
   gui->Load(kDescriptionFile.data(), &engine.camera);
   gui->SetViewport(&engine.viewport);
-  // The state of the mouse button is the library's: a button that an earlier input held is let go.
-  Send(message::kButtonUp, 1);
+  // These are the library's: the mouse button, which an earlier input may hold, and the blinking of the caret.
+  ReleaseButton();
+  caretPhase = 0.0;
   Frame();
   gui->SetPage(0);
   Deliver();
@@ -111,7 +124,8 @@ std::vector<ICGUIObject*> Stage::Widgets() const {
 }
 
 void Stage::MakeSavedReadable() {
-  const std::string bytes = test::BytesOf(data_.Path() / base::ToUtf8(kSavedFile));
+  saved_ = true;
+  const std::string bytes = SavedFiles().Read(base::ToUtf8(kSavedFile));
   engine.files.Add(kSavedFile, {bytes.begin(), bytes.end()});
 }
 

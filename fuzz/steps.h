@@ -1,7 +1,6 @@
 // What messages and calls a host may make, each as a letter of an input with bytes behind it.
 #pragma once
 
-#include <array>
 #include <span>
 
 #include "engine/render_client.h"
@@ -30,15 +29,8 @@ class Play {
   void TakeSteps();  // all of the input
   void TakeStep();   // the next one; an unknown letter is none
 
-  // Chosen by the next bytes; null when there is none.
-  ICGUIObject* Widget();
-  template <class Kind>
-  Kind* WidgetOf();  // the next one of that kind
-  ICGUIPageObject* Page();
-  std::uint32_t PageIndex();  // perhaps out of range
-
   // The step behind this one is taken when the GUI calls out next: while a record is delivered, or while it draws.
-  void TakeStepInside();
+  void TakeStepInside() { ++waiting_; }
 
   Stage& stage;
   IGui& gui;
@@ -58,17 +50,6 @@ struct Step {
   void (*take)(Play& play);
 };
 
-std::span<const Step> InputSteps();
-std::span<const Step> BookSteps();
-std::span<const Step> WidgetSteps();
-
-template <class Kind>
-Kind* Play::WidgetOf() {
-  std::vector<Kind*> found;
-  for (ICGUIObject* widget : stage.Widgets()) {
-    if (auto* kind = dynamic_cast<Kind*>(widget)) found.push_back(kind);
-  }
-  return found.empty() ? nullptr : bytes.OneOf(found);
-}
+std::span<const Step> Steps();
 
 }  // namespace qen::fuzz

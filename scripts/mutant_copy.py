@@ -18,6 +18,16 @@ import sources
 
 COPIES = os.path.join(sources.ROOT, "build", "mutants")
 
+# The tests of the devices take long together, so each folder has its own: words in the names of the tests' files, and
+# nothing for a fault elsewhere. All other programs are run for every fault that reaches them.
+DEVICE_TESTS = "host_tests"
+TESTS_OF_FOLDER = {
+    "host/app/": "guihost|script", "host/script/": "guihost|script", "host/files/": "file",
+    "host/fonts/": "font|glyph|distance", "host/render/": "render|graphics", "host/scenes/": "gltf",
+    "host/sounds/": "sound", "host/window/": "window|input",
+}
+NO_TESTS = {"install"}  # shows what is packed, and takes long
+
 
 def read_bytes(path):
     with open(path, "rb") as file:
@@ -62,15 +72,29 @@ class Program:
         self.objects = set(copy.ask("ninja", "-t", "inputs", self.target).split("\n"))
         self.quiet = self.total = 600.0
 
+    def suites_for(self, path):
+        """What to run for a fault in that file, as a filter of GoogleTest: None for all, empty for nothing."""
+        if self.name != DEVICE_TESTS:
+            return None
+        words = next((words for folder, words in TESTS_OF_FOLDER.items() if path.startswith(folder)), None)
+        if words is None:
+            return ""
+        with tempfile.NamedTemporaryFile(suffix=".json") as listing:
+            subprocess.run([self.command[0], "--gtest_list_tests", f"--gtest_output=json:{listing.name}"], check=True,
+                           stdout=subprocess.DEVNULL, env=self.environment)
+            suites = json.load(listing)["testsuites"]
+        return ":".join(f"{suite['name']}.*" for suite in suites
+                        if any(re.search(words, os.path.basename(test["file"])) for test in suite["testsuite"]))
+
     def run(self, only=None):
         command = self.command + ([f"--gtest_filter={only}"] if only else [])
         return run(command, self.folder, self.environment, self.quiet, self.total)
 
-    def failing_test(self):
+    def failing_test(self, suites):
         """The name of what fails twice, alone or with all others; None where nothing does."""
         seen = set()
         for _ in range(3):
-            passed, output, _, _ = self.run()
+            passed, output, _, _ = self.run(suites)
             if passed:
                 return None
             failed = re.search(r"^\[  FAILED  \] ([^\s,]+)", output, re.MULTILINE)
@@ -156,7 +180,7 @@ class Copy:
             command, name = test["command"], test["name"]
             if any(word.startswith("--gtest_filter") for word in command):
                 command, name = [command[0], "--gtest_fail_fast"], os.path.basename(command[0])
-            if name not in programs:
+            if name not in programs and name not in NO_TESTS:
                 properties = {entry["name"]: entry["value"] for entry in test["properties"]}
                 programs[name] = Program(name, command, properties, self)
         return list(programs.values())
@@ -185,10 +209,13 @@ class Copy:
         result, changed = "same code", self.objects[path]
         for program in self.programs:
             touched = changed & program.objects
+            suites = program.suites_for(path)
+            if suites == "":
+                continue
             if touched and not self.make(program.target, jobs)[0]:
                 return {"result": "does not compile"}
             if any(self.digest(name) != self.digests[name] for name in touched):
                 result = "survived"
-                if test := program.failing_test():
+                if test := program.failing_test(suites):
                     return {"result": "killed", "program": program.name, "test": test}
         return {"result": result}

@@ -7,34 +7,25 @@
 namespace qen::platform {
 namespace {
 
-TEST(PlatformWindowTest, AsksTheWindow) {
-  POINT point{5, 6};
+TEST(PlatformWindow, IsThatOfTheEngine) {
+  POINT point{130, 60};
   RECT rect;
-  EXPECT_FALSE(GetCursorPos(&point));
-  EXPECT_FALSE(SetCursorPos(1, 2));
-  EXPECT_FALSE(ScreenToClient(nullptr, &point));
-  EXPECT_FALSE(ClientToScreen(nullptr, &point));
-  EXPECT_FALSE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(point.x, 5) << "unchanged";
-
+  const auto ask = [&] {
+    return std::vector<bool>{SetCursorPos(point.x, point.y), GetCursorPos(&point), ScreenToClient(nullptr, &point),
+                             ClientToScreen(nullptr, &point), GetClientRect(nullptr, &rect)};
+  };
+  EXPECT_EQ(ask(), std::vector<bool>(5, false));
   base::RecordingEngine engine;
-  EXPECT_TRUE(SetCursorPos(130, 60));
-  EXPECT_TRUE(GetCursorPos(&point));
-  EXPECT_EQ(point.x, 130);
-  EXPECT_TRUE(ScreenToClient(nullptr, &point));
-  EXPECT_EQ(point.x, 30);
-  EXPECT_EQ(point.y, 10);
-  EXPECT_TRUE(ClientToScreen(nullptr, &point));
-  EXPECT_EQ(point.y, 60);
-  EXPECT_TRUE(GetClientRect(nullptr, &rect));
-  EXPECT_EQ(rect.right, 800);
-  EXPECT_EQ(rect.bottom, 600);
+  EXPECT_EQ(ask(), std::vector<bool>(5, true));
+  EXPECT_TRUE(engine.window.cursor.x == 130 && engine.window.cursor.y == 60);
+  EXPECT_TRUE(point.x == 130 && point.y == 60) << "on the screen, in the window, and back";
+  EXPECT_TRUE(ScreenToClient(nullptr, &point) && point.x == 30 && point.y == 10);
+  EXPECT_TRUE(rect.right == 800 && rect.bottom == 600);
   EXPECT_FALSE(GetCursorPos(nullptr));
-
-  engine.clock.Advance(1.5);
-  EXPECT_EQ(timeGetTime(), 1500U);
-  engine.clock.Advance(4294967.296);  // 32 bits of milliseconds
-  EXPECT_EQ(timeGetTime(), 1500U);
+  for (const double seconds : {1.5, 4294967.296}) {  // 32 bits of milliseconds
+    engine.clock.Advance(seconds);
+    EXPECT_EQ(timeGetTime(), 1500U);
+  }
 }
 
 }  // namespace

@@ -8,42 +8,37 @@
 namespace qen::platform {
 namespace {
 
-class PlatformTest : public testing::Test {
- protected:
-  [[nodiscard]] String Path(const Char* name) const { return base::ToUtf16(folder.Path().string()) + u'/' + name; }
-
-  TemporaryFolder folder;
-};
-
-TEST_F(PlatformTest, CopiesWholeFiles) {
+TEST(Platform, CopiesMakesAndOpensWhatIsInAFolder) {
+  const TemporaryFolder folder;
   folder.Write("a.txt", "new");
   folder.Write("b.txt", "old and longer");
-  EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), true));
-  EXPECT_EQ(folder.Read("b.txt"), "old and longer");
-  EXPECT_TRUE(CopyFileW(Path(u"a.txt").c_str(), Path(u"b.txt").c_str(), false));
-  EXPECT_EQ(folder.Read("b.txt"), "new");
-  EXPECT_FALSE(CopyFileW(Path(u"none.txt").c_str(), Path(u"b.txt").c_str(), false));
-  EXPECT_EQ(folder.Read("b.txt"), "new") << "a copy that fails leaves what was there";
-  EXPECT_FALSE(CopyFileW(Path(u"a.txt").c_str(), Path(u"nowhere/b.txt").c_str(), false));
+  const auto in = [&folder](StringView name) { return base::ToUtf16(folder.Path().string()) + u'/' + String(name); };
+  const auto copy = [&in](StringView from, StringView to, bool failIfExists = false) {
+    return CopyFileW(in(from).c_str(), in(to).c_str(), failIfExists);
+  };
+  EXPECT_FALSE(copy(u"a.txt", u"b.txt", true));
+  EXPECT_FALSE(copy(u"none.txt", u"b.txt"));
+  EXPECT_FALSE(copy(u"a.txt", u"nowhere/b.txt"));
   EXPECT_FALSE(CopyFileW(nullptr, nullptr, false));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2) << "nothing is left lying about";
-}
+  EXPECT_EQ(folder.Read("b.txt"), "old and longer") << "a copy that fails leaves what was there";
+  EXPECT_TRUE(copy(u"a.txt", u"b.txt"));
+  EXPECT_EQ(folder.Read("b.txt"), "new");
 
-TEST_F(PlatformTest, MakesFoldersAndOpensFiles) {
-  EXPECT_EQ(_wmkdir(Path(u"Men\u00FCs\\").c_str()), 0);
-  EXPECT_EQ(_wmkdir(Path(u"Men\u00FCs").c_str()), -1) << "exists";
-  EXPECT_EQ(_wmkdir(Path(u"a\\b").c_str()), -1) << "one folder at a time";
-  EXPECT_EQ(_wfopen(Path(u"none.txt").c_str(), u"rb"), nullptr);
-  EXPECT_EQ(_wfopen(Path(u"Men\u00FCs").c_str(), u"rb"), nullptr) << "a folder";
+  EXPECT_EQ(_wmkdir(in(u"Men\u00FCs\\").c_str()), 0);
+  EXPECT_EQ(_wmkdir(in(u"Men\u00FCs").c_str()), -1) << "exists";
+  EXPECT_EQ(_wmkdir(in(u"a\\b").c_str()), -1) << "one folder at a time";
+  EXPECT_EQ(_wmkdir(u"Q:\\"), -1) << "a drive";
+  EXPECT_EQ(_wfopen(in(u"none.txt").c_str(), u"rb"), nullptr);
+  EXPECT_EQ(_wfopen(in(u"Men\u00FCs").c_str(), u"rb"), nullptr) << "a folder";
   EXPECT_EQ(_wfopen(nullptr, u"rb"), nullptr);
-  std::FILE* file = _wfopen(Path(u"men\u00DCS\\Main.txt").c_str(), u"wb");
-  ASSERT_NE(file, nullptr) << "folders that exist in another letter case are those";
-  std::fputs("text", file);
-  std::fclose(file);
-  EXPECT_EQ(folder.Read(u8"Men\u00FCs/Main.txt"), "text");
-  file = _wfopen(Path(u"MEN\u00DCS/MAIN.TXT").c_str(), u"rb");
-  ASSERT_NE(file, nullptr);
-  std::fclose(file);
+  for (const auto& [name, mode] : {std::pair(u"men\u00DCS\\Main.txt", u"wb"), {u"MEN\u00DCS/MAIN.TXT", u"ab"}}) {
+    std::FILE* file = _wfopen(in(name).c_str(), mode);
+    ASSERT_NE(file, nullptr) << "what exists in another letter case is meant";
+    std::fputs("text", file);
+    std::fclose(file);
+  }
+  EXPECT_EQ(folder.Read(u8"Men\u00FCs/Main.txt"), "texttext");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 3) << "nothing is left lying about";
 }
 
 }  // namespace

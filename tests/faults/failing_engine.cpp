@@ -1,37 +1,132 @@
 #include "tests/faults/failing_engine.h"
 
 #include <dlfcn.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cstring>
 
+#include "engine/font.h"
+#include "engine/material.h"
 #include "engine/platform.h"
 #include "engine/scene.h"
+#include "engine/scene_instance.h"
+#include "engine/scene_manager.h"
+#include "engine/sound.h"
 #include "engine/system.h"
+#include "engine/texture.h"
 
 namespace qen::test {
 namespace {
 
 FailingEngine* current = nullptr;
 
-template <class Wrapper, class Wrapped>
-void PutInFront(Wrapper& wrapper, Wrapped*& place) {
-  wrapper.real = place;
-  place = &wrapper;
+// Stands in for a virtual function, in the table of one class, whose layout is that of the Itanium C++ ABI.
+template <auto kMethod, class Method = decltype(kMethod)>
+struct Hook;
+
+template <auto kMethod, class Interface, class ResultType, class... Arguments>
+struct Hook<kMethod, ResultType (Interface::*)(Arguments...)> {
+  using Result = ResultType;
+  using Function = std::function<Result(Arguments...)>;
+  using StandIn = std::function<Result(const Function& real, Arguments...)>;
+
+  static void Install(Interface& object, StandIn function) {
+    standIn = std::move(function);
+    if (entry != nullptr) return;
+    const auto method = kMethod;
+    std::size_t offset = 0;
+    std::memcpy(&offset, &method, sizeof offset);
+    entry = *reinterpret_cast<void***>(&object) + offset / sizeof(void*);
+    original = *entry;
+    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    mprotect(reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(entry) / page * page), page,
+             PROT_READ | PROT_WRITE);
+    *entry = reinterpret_cast<void*>(&Call);
+  }
+
+  static Result Call(Interface* self, Arguments... arguments) {
+    const auto real = [self](Arguments... given) -> Result {
+      *entry = original;
+      struct Again {
+        ~Again() { *entry = reinterpret_cast<void*>(&Call); }
+      } again;
+      return (self->*kMethod)(std::forward<Arguments>(given)...);
+    };
+    return standIn(real, std::forward<Arguments>(arguments)...);
+  }
+
+  static inline void** entry = nullptr;
+  static inline void* original = nullptr;
+  static inline StandIn standIn;
+};
+
+// Where the call fails it gives this, or what `fail` gives, when it is the turn of the call in that other way.
+template <auto kMethod, auto... kFailure>
+void MayFail(auto& service, const char* call, const char* otherCall = nullptr,
+             typename Hook<kMethod>::StandIn fail = {}) {
+  using Result = typename Hook<kMethod>::Result;
+  Hook<kMethod>::Install(service, [call, otherCall, fail](const auto& real, auto&&... arguments) -> Result {
+    if (current->Fails(call)) return Result{kFailure...};
+    if (fail && current->Fails(otherCall)) return fail(real, arguments...);
+    Result result = real(arguments...);
+    if constexpr (std::is_same_v<Result, Material*>) current->usedMaterials += result != nullptr ? 1U : 0U;
+    return result;
+  });
 }
+
+struct InstanceWithoutLevels final : InstanceObject {
+  void Disable(bool) override {}
+  void GetLOD(std::uint32_t, SimpleSceneInstance*& instance, float&) override { instance = nullptr; }
+};
 
 }  // namespace
 
-FailingEngine::FailingEngine(std::size_t struckCall)
-    : plan(struckCall), sample([this](base::Backends& backends) {
-        PutInFront(files, backends.files);
-        PutInFront(sceneFiles, backends.scenes);
-        PutInFront(renderer, backends.render);
-        PutInFront(faces, backends.fonts);
-        PutInFront(samples, backends.sound);
-      }) {
-  PutInFront<failing::Scenes, ISceneMng>(scenes, System::sceneMng);
-  PutInFront<failing::Sounds, ISound>(sounds, System::sound);
+FailingEngine::FailingEngine(std::size_t struckCall) : struck(struckCall) {
+  static InstanceWithoutLevels withoutLevels;
   current = this;
+  base::RecordingEngine& devices = sample.engine;
+  MayFail<&base::IFileBackend::Read>(devices.files, "IFileBackend::Read", "IFileBackend::Read, empty",
+                                     [](const auto& real, StringView name, auto& bytes) {
+                                       const bool read = real(name, bytes);
+                                       bytes.clear();
+                                       return read;
+                                     });
+  using Scenes = base::ISceneBackend;
+  MayFail<&Scenes::ParseScene>(devices.scenes, "ISceneBackend::ParseScene", "ISceneBackend::ParseScene, empty",
+                               [](auto&&...) { return base::SceneData{}; });
+  MayFail<&Scenes::ParseAnimation>(devices.scenes, "ISceneBackend::ParseAnimation",
+                                   "ISceneBackend::ParseAnimation, empty",
+                                   [](auto&&...) { return base::AnimationData{}; });
+  MayFail<&Scenes::ParseImage>(devices.scenes, "ISceneBackend::ParseImage");
+  MayFail<&base::IRenderBackend::CreateTexture>(devices.render, "IRenderBackend::CreateTexture");
+  MayFail<&base::IRenderBackend::CreateGeometry>(devices.render, "IRenderBackend::CreateGeometry");
+  MayFail<&base::IFontBackend::CreateFace>(devices.fonts, "IFontBackend::CreateFace");
+  MayFail<&base::ISoundBackend::Load>(devices.sound, "ISoundBackend::Load");
+
+  ISceneMng& scenes = *System::sceneMng;
+  MayFail<&ISceneMng::CreateScene>(scenes, "ISceneMng::CreateScene");
+  MayFail<&ISceneMng::AddSimpleScene>(scenes, "ISceneMng::AddSimpleScene");
+  MayFail<&ISceneMng::AddLight>(scenes, "ISceneMng::AddLight");
+  MayFail<&ISceneMng::CreateInstance, -1>(
+      scenes, "ISceneMng::CreateInstance", "ISceneMng::CreateInstance, not animated",
+      [](const auto& real, auto& scene, auto& shown, auto& transform, InstanceDesc desc, auto& attach) {
+        desc.animates = false;
+        return real(scene, shown, transform, desc, attach);
+      });
+  MayFail<&ISceneMng::GetInstance>(scenes, "ISceneMng::GetInstance", "InstanceObject::GetLOD",
+                                   [](auto&&...) { return &withoutLevels; });
+  MayFail<&ISound::CreateSound>(*System::sound, "ISound::CreateSound");
+  MayFail<&FontManager::CreateEx>(*FontManager::GetSingleton(), "FontManager::CreateEx");
+  MayFail<&TextureManager::Load>(*TextureManager::GetSingleton(), "TextureManager::Load");
+  MaterialManager& materials = *MaterialManager::GetSingleton();
+  MayFail<&MaterialManager::Create>(materials, "MaterialManager::Create");
+  MayFail<&MaterialManager::GetByName>(materials, "MaterialManager::GetByName");
+  Hook<&MaterialManager::Destroy>::Install(materials, [this](const auto& real, Resource* material) {
+    usedMaterials -= material != nullptr ? 1U : 0U;
+    real(material);
+  });
 }
 
 FailingEngine::~FailingEngine() {
@@ -39,24 +134,10 @@ FailingEngine::~FailingEngine() {
   current = nullptr;
 }
 
-std::string FailingEngine::Kept() const {
+std::array<std::size_t, 5> FailingEngine::Kept() const {
   const base::RecordingEngine& devices = sample.engine;
-  std::string kept;
-  const auto add = [&kept](const char* what, std::size_t count) {
-    if (count > 0) kept += std::to_string(count) + ' ' + what + ' ';
-  };
-  add("scenes", scenes.open.size());
-  add("registered scenes", scenes.registered.size());
-  add("instances", scenes.instances.size());
-  add("fonts", fonts.used.size());
-  add("materials", materials.used.size());
-  add("textures", textures.used.size());
-  add("sounds", sounds.made.size());
-  add("faces", static_cast<std::size_t>(devices.fonts.faceCount));
-  add("pictures", devices.render.textures.size());
-  add("geometries", devices.render.geometries.size());
-  add("samples", devices.sound.loaded.size());
-  return kept;
+  return {static_cast<std::size_t>(devices.fonts.faceCount), devices.render.textures.size(),
+          devices.render.geometries.size(), devices.sound.loaded.size(), usedMaterials};
 }
 
 }  // namespace qen::test
@@ -67,75 +148,54 @@ namespace {
 
 using test::current;
 
-template <class Function>
-Function* Real(const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+// The engine library's function of that name.
+template <auto kFunction>
+auto Real() {
+  Dl_info self{};
+  dladdr(reinterpret_cast<void*>(kFunction), &self);
+  return reinterpret_cast<decltype(kFunction)>(dlsym(RTLD_NEXT, self.dli_sname));
 }
 
-template <class Manager, class Wrapper>
-Manager* InFrontOf(const char* function, Wrapper test::FailingEngine::*wrapper) {
-  auto* real = Real<Manager*()>(function)();
-  if (current == nullptr || real == nullptr) return real;
-  if (!current->managers) return nullptr;
-  (current->*wrapper).real = real;
-  return &(current->*wrapper);
+template <auto kFunction>
+bool Passes(const char* call, auto... arguments) {
+  static const auto real = Real<kFunction>();
+  return current != nullptr && !current->Fails(call) && real(arguments...);
 }
 
-bool Fails(const char* call) { return current == nullptr || current->plan.Fails(call); }
+template <class Manager>
+Manager* Singleton() {
+  static const auto real = Real<&Manager::GetSingleton>();
+  return current == nullptr || current->managers ? real() : nullptr;
+}
 
 }  // namespace
 
-FontManager* FontManager::GetSingleton() {
-  return InFrontOf<FontManager>("_ZN3qen11FontManager12GetSingletonEv", &test::FailingEngine::fonts);
-}
-
-TextureManager* TextureManager::GetSingleton() {
-  return InFrontOf<TextureManager>("_ZN3qen14TextureManager12GetSingletonEv", &test::FailingEngine::textures);
-}
-
-MaterialManager* MaterialManager::GetSingleton() {
-  return InFrontOf<MaterialManager>("_ZN3qen15MaterialManager12GetSingletonEv", &test::FailingEngine::materials);
-}
+FontManager* FontManager::GetSingleton() { return Singleton<FontManager>(); }
+TextureManager* TextureManager::GetSingleton() { return Singleton<TextureManager>(); }
+MaterialManager* MaterialManager::GetSingleton() { return Singleton<MaterialManager>(); }
 
 TMNode* SimpleScene::FindMapNode(const String& name) const {
-  if (Fails("SimpleScene::FindMapNode")) return nullptr;
+  if (current->Fails("SimpleScene::FindMapNode")) return nullptr;
   const auto found = std::ranges::find(GetNodes(), name, &TMNode::name);
   return found != GetNodes().end() ? *found : nullptr;
 }
 
 namespace platform {
 
-bool GetCursorPos(POINT* point) {
-  return !Fails("GetCursorPos") && Real<bool(POINT*)>("_ZN3qen8platform12GetCursorPosEPNS0_5POINTE")(point);
-}
-
-bool SetCursorPos(int x, int y) {
-  return !Fails("SetCursorPos") && Real<bool(int, int)>("_ZN3qen8platform12SetCursorPosEii")(x, y);
-}
-
+bool GetCursorPos(POINT* point) { return Passes<GetCursorPos>("GetCursorPos", point); }
+bool SetCursorPos(int x, int y) { return Passes<SetCursorPos>("SetCursorPos", x, y); }
 bool ScreenToClient(WindowHandle window, POINT* point) {
-  constexpr const char* kName = "_ZN3qen8platform14ScreenToClientEPvPNS0_5POINTE";
-  return !Fails("ScreenToClient") && Real<bool(WindowHandle, POINT*)>(kName)(window, point);
+  return Passes<ScreenToClient>("ScreenToClient", window, point);
 }
-
 bool ClientToScreen(WindowHandle window, POINT* point) {
-  constexpr const char* kName = "_ZN3qen8platform14ClientToScreenEPvPNS0_5POINTE";
-  return !Fails("ClientToScreen") && Real<bool(WindowHandle, POINT*)>(kName)(window, point);
+  return Passes<ClientToScreen>("ClientToScreen", window, point);
 }
-
-bool GetClientRect(WindowHandle window, RECT* rect) {
-  constexpr const char* kName = "_ZN3qen8platform13GetClientRectEPvPNS0_4RECTE";
-  return !Fails("GetClientRect") && Real<bool(WindowHandle, RECT*)>(kName)(window, rect);
-}
+bool GetClientRect(WindowHandle window, RECT* rect) { return Passes<GetClientRect>("GetClientRect", window, rect); }
 
 // Nothing is written: what becomes of files on failing disks is tested by itself.
-bool CopyFileW(const Char* /*from*/, const Char* /*to*/, bool /*failIfExists*/) { return !Fails("CopyFileW"); }
-
-int _wmkdir(const Char* /*folder*/) { return Fails("_wmkdir") ? -1 : 0; }
-
-bool SaveWholeFile(const Char* /*file*/, const void* /*bytes*/, std::size_t /*size*/) {
-  return !Fails("SaveWholeFile");
-}
+bool CopyFileW(const Char*, const Char*, bool) { return !current->Fails("CopyFileW"); }
+int _wmkdir(const Char*) { return current->Fails("_wmkdir") ? -1 : 0; }
+bool SaveWholeFile(const Char*, const void*, std::size_t) { return !current->Fails("SaveWholeFile"); }
 
 }  // namespace platform
 }  // namespace qen

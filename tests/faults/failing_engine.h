@@ -1,36 +1,35 @@
 // The sample on an engine one call of which fails.
 #pragma once
 
-#include <string>
+#include <array>
+#include <vector>
 
-#include "tests/faults/failing_backends.h"
-#include "tests/faults/failing_services.h"
 #include "tests/sample/sample_gui.h"
 
 namespace qen::test {
 
-// Stands between the module and the engine, and between that and its backends. One at a time.
+// The calls of the module to the engine, and of the engine to its devices, pass through it. One at a time.
 struct FailingEngine {
+  // The call of that number fails, counted from 1 over all that can; 0: none. One that can fail in two ways is two.
   explicit FailingEngine(std::size_t struckCall);
   ~FailingEngine();
   FailingEngine(const FailingEngine&) = delete;
   FailingEngine& operator=(const FailingEngine&) = delete;
 
-  // What the module and the engine have not given back, in words; empty when all is well.
-  [[nodiscard]] std::string Kept() const;
+  bool Fails(const char* call) {
+    calls.push_back(call);
+    return calls.size() == struck;
+  }
 
-  FaultPlan plan;
-  bool managers = true;  // those of fonts, materials and textures; null without
-  failing::Files files{plan};
-  failing::SceneFiles sceneFiles{plan};
-  failing::Renderer renderer{plan};
-  failing::Faces faces{plan};
-  failing::Samples samples{plan};
-  failing::Scenes scenes{plan};
-  failing::Sounds sounds{plan};
-  failing::Fonts fonts{plan};
-  failing::Textures textures{plan};
-  failing::Materials materials{plan};
+  [[nodiscard]] bool HasStruck() const { return struck > 0 && calls.size() >= struck; }
+
+  // What was not given back: fonts, pictures, geometries, sounds, uses of materials.
+  [[nodiscard]] std::array<std::size_t, 5> Kept() const;
+
+  const std::size_t struck;
+  std::vector<const char*> calls;  // that could fail, so far
+  std::size_t usedMaterials = 0;
+  bool managers = true;  // of fonts, materials and textures
   SampleGui sample;
 };
 

@@ -32,72 +32,53 @@ bool Notices(FileWatch& watch, std::chrono::milliseconds within) {
   return true;
 }
 
-bool NoticesSoon(FileWatch& watch) { return Notices(watch, 5s); }
-bool NoticesNothing(FileWatch& watch) { return !Notices(watch, 6 * kQuiet); }
-
-class FileWatchTest : public ::testing::TestWithParam<MakeWatch> {
- protected:
-  TemporaryFolder folder;
-  fs::path data = folder.Path() / "data";
-};
+class FileWatchTest : public ::testing::TestWithParam<MakeWatch> {};
 
 INSTANTIATE_TEST_SUITE_P(, FileWatchTest, ::testing::Values(WatchFiles, PollFiles),
                          [](const auto& made) { return made.param == &WatchFiles ? "BySystem" : "ByPolling"; });
 
-TEST_P(FileWatchTest, NoticesWhatMattersOnce) {
-  folder.Write("data/pages/menu.txt", "one");
-  const auto watch = GetParam()({data}, kQuiet);
-  folder.Write("data/pages/bak/menu.txt0", "a backup");
-  folder.Write("data/pages/menu.txt.part0", "being written");
-  folder.Write("beside.txt", "");
-  EXPECT_TRUE(NoticesNothing(*watch));
-  folder.Write("data/pages/menu.txt", "two!");
-  EXPECT_TRUE(NoticesSoon(*watch));
-  EXPECT_TRUE(NoticesNothing(*watch)) << "told once";
-}
+struct Change {
+  const char* what;
+  const char* from;  // renamed from there; nullptr: written
+  const char* file;
+  bool isTold = true;
+};
 
-TEST_P(FileWatchTest, FollowsWhatComesAndMoves) {
-  folder.Write("data/a.txt", "one");
-  folder.Write("elsewhere/deep/b.txt", "one");
-  const auto watch = GetParam()({data}, kQuiet);
-  folder.Write("data/new/deep/c.txt", "");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "new folders";
-  folder.Write("data/new/deep/c.txt", "two");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "a file in a new folder";
-  fs::rename(data / "a.txt", data / "z.txt");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "renamed";
-  fs::rename(folder.Path() / "elsewhere", data / "moved");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "moved in";
-  fs::rename(data / "moved/deep", data / "deep");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "moved within";
-  folder.Write("data/deep/b.txt", "two");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "a file in a moved folder";
-  fs::rename(data / "deep", folder.Path() / "gone");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "moved out";
-  folder.Write("gone/b.txt", "three");
-  EXPECT_TRUE(NoticesNothing(*watch)) << "it is nobody's now";
-  fs::rename(data, folder.Path() / "old");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "the place itself";
-  folder.Write("data/a.txt", "new");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "another in its place";
-}
-
-TEST_P(FileWatchTest, LooksAfterFilesToo) {
-  folder.Write("game.zip", "one");
-  folder.Write("far/real.zip", "one");
+TEST_P(FileWatchTest, TellsOnceOfEachChangeThatMatters) {
+  const TemporaryFolder folder;
+  for (const char* file : {"data/menu.txt", "elsewhere/deep/b.txt", "game.zip", "far/real.zip"}) folder.Write(file, "");
   fs::create_symlink("far/real.zip", folder.Path() / "link.zip");
-  const auto watch = GetParam()({folder.Path() / "game.zip", folder.Path() / "link.zip"}, kQuiet);
-  folder.Write("other.zip", "one");
-  folder.Write("new.zip", "another");
-  EXPECT_TRUE(NoticesNothing(*watch));
-  fs::rename(folder.Path() / "new.zip", folder.Path() / "game.zip");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "replaced";
-  folder.Write("far/real.zip", "three");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "behind the link";
+  const auto watch =
+      GetParam()({folder.Path() / "data", folder.Path() / "game.zip", folder.Path() / "link.zip"}, kQuiet);
+  constexpr Change kChanges[] = {{"a backup", nullptr, "data/bak/menu.txt0", false},
+                                 {"being written", nullptr, "data/menu.txt.part0", false},
+                                 {"beside the places", nullptr, "new.zip", false},
+                                 {"written", nullptr, "data/menu.txt"},
+                                 {"in new folders", nullptr, "data/new/deep/c.txt"},
+                                 {"written in a new folder", nullptr, "data/new/deep/c.txt"},
+                                 {"renamed", "data/menu.txt", "data/z.txt"},
+                                 {"moved in", "elsewhere", "data/moved"},
+                                 {"moved within", "data/moved/deep", "data/deep"},
+                                 {"in a moved folder", nullptr, "data/deep/b.txt"},
+                                 {"moved out", "data/deep", "gone"},
+                                 {"it is nobody's now", nullptr, "gone/b.txt", false},
+                                 {"an archive replaced", "new.zip", "game.zip"},
+                                 {"behind the link", nullptr, "far/real.zip"},
+                                 {"the place itself", "data", "old"},
+                                 {"another in its place", nullptr, "data/a.txt"}};
+  for (const Change& change : kChanges) {
+    if (change.from == nullptr) {
+      folder.Write(change.file, change.what);
+    } else {
+      fs::rename(folder.Path() / change.from, folder.Path() / change.file);
+    }
+    EXPECT_EQ(Notices(*watch, change.isTold ? 5s : 6 * kQuiet), change.isTold) << change.what;
+  }
+  EXPECT_FALSE(Notices(*watch, 6 * kQuiet)) << "told once";
 }
 
 TEST(FileWatchBySystemTest, SurvivesMoreThanCanBeTold) {
-  TemporaryFolder folder;
+  const TemporaryFolder folder;
   folder.Write("a.txt", "");
   const auto watch = WatchFiles({folder.Path()}, kQuiet);
   for (int i = 0; i < 10000; ++i) {
@@ -105,9 +86,9 @@ TEST(FileWatchBySystemTest, SurvivesMoreThanCanBeTold) {
     fs::rename(folder.Path() / "b.txt", folder.Path() / "a.txt");
   }
   folder.Write("new/c.txt", "");
-  EXPECT_TRUE(NoticesSoon(*watch));
+  EXPECT_TRUE(Notices(*watch, 5s));
   folder.Write("new/c.txt", "two");
-  EXPECT_TRUE(NoticesSoon(*watch)) << "in a folder that nothing told of";
+  EXPECT_TRUE(Notices(*watch, 5s)) << "in a folder that nothing told of";
 }
 
 }  // namespace

@@ -1,10 +1,14 @@
-// Faces, shaping and measuring, on the DejaVu fonts.
-#include <gmock/gmock.h>
+// Faces, shaping and measuring, and the pages that glyphs are put into.
+#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
 
+#include "base/utf.h"
 #include "host/fonts/freetype_fonts.h"
-#include "tests/host/graphics_test.h"
+#include "host/fonts/glyph_atlas.h"
 
 namespace qen::host {
 namespace {
@@ -14,178 +18,183 @@ using base::GlyphStyle;
 using base::IFontFace;
 using base::ShapedLine;
 
-class FontsTest : public GraphicsTest {
+// Remembers which texels are taken.
+class FakePages final : public IGlyphPages {
+ public:
+  struct Page {
+    std::int32_t width, height;
+    std::vector<std::uint8_t> texels;
+  };
+
+  std::uint32_t CreatePage(std::int32_t width, std::int32_t height) override {
+    if (full) return 0;
+    pages.push_back({width, height, std::vector<std::uint8_t>(static_cast<std::size_t>(width * height))});
+    return static_cast<std::uint32_t>(pages.size());
+  }
+
+  void UpdatePage(std::uint32_t name, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+                  std::span<const std::uint8_t> source) override {
+    Page& page = pages.at(name - 1);
+    ASSERT_TRUE(x >= 0 && y >= 0 && x + width <= page.width && y + height <= page.height);
+    ASSERT_EQ(source.size(), static_cast<std::size_t>(width * height));
+    for (std::int32_t i = 0; i < (width + 1) * (height + 1); ++i) {
+      const std::int32_t column = x + i % (width + 1), row = y + i / (width + 1);
+      if (column == page.width || row == page.height) continue;
+      ASSERT_EQ(std::exchange(page.texels[static_cast<std::size_t>(row * page.width + column)], 1), 0)
+          << "it touches another";
+    }
+  }
+
+  std::vector<Page> pages;
+  bool full = false;
+};
+
+TEST(GlyphAtlasTest, TwentyThousandGlyphsFindTheirPlaces) {
+  FakePages pages;
+  GlyphAtlas atlas(pages);
+  const auto add = [&](std::int32_t width, std::int32_t height) {
+    return atlas.Add(width, height, std::vector<std::uint8_t>(static_cast<std::size_t>(width * height), 1));
+  };
+  for (std::int32_t i = 0; i < 20000; ++i) {
+    const std::int32_t width = i == 100 ? 3000 : 20 + i * 7 % 50;
+    const std::int32_t height = i == 100 ? 1500 : 20 + i * 13 % 55;
+    const AtlasPlace place = add(width, height);
+    ASSERT_NE(place.texture, 0U);
+    const FakePages::Page& page = pages.pages.at(place.texture - 1);
+    ASSERT_NEAR((place.u1 - place.u0) * static_cast<float>(page.width), width, 0.01F);
+    ASSERT_NEAR((place.v1 - place.v0) * static_cast<float>(page.height), height, 0.01F);
+  }
+  EXPECT_LT(pages.pages.size(), 52U) << "too much of them is empty";
+  EXPECT_EQ(add(0, 10).texture, 0U);
+  EXPECT_EQ(add(10, 0).texture, 0U);
+  pages.full = true;
+  EXPECT_EQ(add(1000, 1000).texture, 0U) << "no page to be had";
+  pages.full = false;
+  EXPECT_NE(add(1000, 1000).texture, 0U);
+}
+
+class FontsTest : public ::testing::Test {
  protected:
-  ShapedLine Shape(IFontFace& face, StringView text, GlyphStyle style = GlyphStyle::DistanceField) {
+  static ShapedLine Shape(IFontFace& face, StringView text, GlyphStyle style = GlyphStyle::DistanceField) {
     ShapedLine line;
     face.Shape(text, style, line);
     return line;
   }
-  std::vector<float> Measure(IFontFace& face, StringView text) {
-    std::vector<float> ends;
-    face.Measure(text, ends);
-    return ends;
-  }
-  std::unique_ptr<IFontFace> Sans(std::int32_t height = -32) {
-    return fonts.CreateFace({.face = u"DejaVu Sans", .height = height});
+
+  // Where the pictures of a line's glyphs are, from left to right.
+  using Place = std::array<float, 3>;
+  static std::vector<Place> Places(IFontFace& face, StringView text, GlyphStyle style = GlyphStyle::DistanceField) {
+    std::vector<Place> places;
+    for (const base::Glyph& glyph : Shape(face, text, style).glyphs) {
+      places.push_back({static_cast<float>(glyph.texture), glyph.u0, glyph.v0});
+    }
+    return places;
   }
 
-  FreetypeFonts fonts{renderer->GlyphPages()};
+  // The letters of a line from left to right, each known by the picture it has alone; ? is another.
+  static String Seen(IFontFace& face, StringView text) {
+    String seen;
+    for (const Place& place : Places(face, text)) {
+      const auto same = [&](Char letter) { return Places(face, String(1, letter)) == std::vector{place}; };
+      const auto found = std::ranges::find_if(text, same);
+      seen += found != text.end() ? *found : u'?';
+    }
+    return seen;
+  }
+
+  FakePages pages;
+  FreetypeFonts fonts{pages};
+  std::unique_ptr<IFontFace> sans = fonts.CreateFace({.face = u"DejaVu Sans", .height = -32});
 };
 
-bool SamePicture(const base::Glyph& a, const base::Glyph& b) {
-  return a.texture == b.texture && a.u0 == b.u0 && a.v0 == b.v0;
-}
-
-TEST_F(FontsTest, NegativeHeightsAreOfTheEmSquareAndPositiveOfTheCell) {
-  const TextMetric em = Sans(-100)->Metric();
-  EXPECT_EQ(em.tmAscent, 93);  // DejaVu Sans: 0.928 and 0.236 of the em square
-  EXPECT_EQ(em.tmDescent, 24);
-  EXPECT_EQ(em.tmHeight, 117);
+TEST_F(FontsTest, MakesFacesOfTheSizeAndStyleAskedFor) {
+  const String name = u"DejaVu Sans", chinese = u"WenQuanYi Micro Hei";
+  const struct {
+    FontRequest request;
+    std::array<std::int32_t, 3> metric;  // height, ascent, descent
+    float advance, width;                // of an O and of its picture
+  } cases[] = {{{name, -100}, {117, 93, 24}, 78.7F, 87.5F},
+               {{name, 20}, {20, 16, 4}, 13.5F, 15.0F},
+               {{name, -32, 8}, {38, 30, 8}, 12.4F, 13.8F},
+               {{name, -32, -24}, {38, 30, 8}, 37.3F, 41.4F},
+               {{name, -32, 0, 700}, {38, 30, 8}, 27.2F, 30.5F},
+               {{name, -32, 0, 400, true}, {38, 30, 8}, 25.2F, 29.0F},
+               {{chinese, -32}, {38, 30, 8}, 23.75F, 26.5F},
+               {{chinese, -32, 0, 700}, {38, 30, 8}, 25.08F, 28.0F},
+               {{name, INT32_MIN, INT32_MIN, INT32_MIN}, {2384, 1901, 483}, 16120.0F, 17920.0F},
+               {{name, INT32_MAX, INT32_MAX, INT32_MAX}, {2384, 1901, 483}, 17410.0F, 19520.0F}};
+  for (const auto& row : cases) {
+    const auto face = fonts.CreateFace(row.request);
+    const TextMetric metric = face->Metric();
+    EXPECT_EQ((std::array{metric.tmHeight, metric.tmAscent, metric.tmDescent}), row.metric) << &row - cases;
+    const ShapedLine line = Shape(*face, u"O");
+    EXPECT_NEAR(line.width, row.advance, 0.1F) << &row - cases;
+    EXPECT_NEAR(line.glyphs.at(0).right - line.glyphs.at(0).left, row.width, 0.1F) << &row - cases;
+  }
   for (std::int32_t height = 5; height < 60; ++height) {
-    const TextMetric cell = Sans(height)->Metric();
-    EXPECT_EQ(cell.tmHeight, height);
-    EXPECT_EQ(cell.tmAscent + cell.tmDescent, height);
-  }
-  EXPECT_GT(Sans(0)->Metric().tmHeight, 8);
-}
-
-TEST_F(FontsTest, WidthsGrowWithTheHeightAndWithTheWidthAskedFor) {
-  const float width = Shape(*Sans(-32), u"Wide").width;
-  EXPECT_NEAR(Shape(*Sans(-64), u"Wide").width, width * 2.0F, 0.5F);
-  const auto narrow = fonts.CreateFace({.face = u"DejaVu Sans", .height = -32, .width = 8});
-  const auto wide = fonts.CreateFace({.face = u"DejaVu Sans", .height = -32, .width = 24});
-  EXPECT_NEAR(Shape(*wide, u"Wide").width, Shape(*narrow, u"Wide").width * 3.0F, 1.0F);
-  EXPECT_EQ(wide->Metric().tmHeight, narrow->Metric().tmHeight);
-  const ShapedLine squeezed = Shape(*narrow, u"O");
-  const ShapedLine stretched = Shape(*wide, u"O");
-  EXPECT_NEAR(stretched.glyphs[0].right - stretched.glyphs[0].left,
-              (squeezed.glyphs[0].right - squeezed.glyphs[0].left) * 3.0F, 0.01F);
-}
-
-TEST_F(FontsTest, UnknownFacesAndAbsurdSizesFallBack) {
-  const FontRequest requests[] = {{.face = u"No Such Face 123", .height = -20},
-                                  {.face = u"", .height = 20},
-                                  {.face = String(5000, u'x'), .height = -20},
-                                  {.face = u"DejaVu Sans", .height = -2000000000, .weight = -5},
-                                  {.face = u"DejaVu Sans", .height = INT32_MIN, .width = INT32_MIN, .weight = 100000}};
-  for (const FontRequest& request : requests) {
-    const auto face = fonts.CreateFace(request);
-    ASSERT_NE(face, nullptr);
-    EXPECT_GT(face->Metric().tmHeight, 0);
-    EXPECT_GT(Shape(*face, u"ab").width, 0.0F);
-    EXPECT_GT(Shape(*face, u"ab", GlyphStyle::Bitmap).width, 0.0F);
+    EXPECT_EQ(fonts.CreateFace({name, height})->Metric().tmHeight, height);
   }
 }
 
-TEST_F(FontsTest, BoldIsBolderAndItalicIsAnother) {
-  const ShapedLine regular = Shape(*Sans(), u"l");
-  const ShapedLine bold = Shape(*fonts.CreateFace({.face = u"DejaVu Sans", .height = -32, .weight = 700}), u"l");
-  const ShapedLine italic = Shape(*fonts.CreateFace({.face = u"DejaVu Sans", .height = -32, .italic = true}), u"l");
-  EXPECT_GT(bold.width, regular.width);
-  EXPECT_GT(italic.glyphs[0].right - italic.glyphs[0].left, regular.glyphs[0].right - regular.glyphs[0].left + 1.0F);
-}
-
-TEST_F(FontsTest, ArabicLettersJoin) {
-  const auto face = Sans();
-  const ShapedLine word = Shape(*face, u"سلام");  // lam and alef become one
-  EXPECT_EQ(word.glyphs.size(), 3U);
-  const ShapedLine alone = Shape(*face, u"س");
-  ASSERT_EQ(alone.glyphs.size(), 1U);
-  EXPECT_FALSE(SamePicture(word.glyphs.back(), alone.glyphs[0]))
-      << "the first letter, at the right, takes another shape";
-}
-
-TEST_F(FontsTest, HebrewRunsFromTheRightAndNumbersInItFromTheLeft) {
-  const auto face = Sans();
-  const ShapedLine line = Shape(*face, u"אב12");
-  ASSERT_EQ(line.glyphs.size(), 4U);
-  EXPECT_TRUE(SamePicture(line.glyphs[3], Shape(*face, u"א").glyphs[0]));
-  EXPECT_TRUE(SamePicture(line.glyphs[0], Shape(*face, u"1").glyphs[0]));
-  EXPECT_TRUE(SamePicture(line.glyphs[1], Shape(*face, u"2").glyphs[0]));
-}
-
-TEST_F(FontsTest, PairsAreKernedAndMarksTakeNoRoom) {
-  const auto face = Sans();
-  EXPECT_LT(Shape(*face, u"AV").width, Shape(*face, u"A").width + Shape(*face, u"V").width - 0.5F);
-  EXPECT_NEAR(Shape(*face, u"x\u0323\u0302").width, Shape(*face, u"x").width, 0.01F);
-}
-
-TEST_F(FontsTest, MeasuringAgreesWithShapingUnitByUnit) {
-  const auto face = Sans();
-  for (const StringView text : {u"Hello, AVATAR", u"שלום 123 abc", u"سلام عليكم", u"e\u0301a\u0323"}) {
-    const std::vector<float> ends = Measure(*face, text);
-    ASSERT_EQ(ends.size(), text.size());
-    EXPECT_TRUE(std::ranges::is_sorted(ends));
-    EXPECT_NEAR(ends.back(), Shape(*face, text).width, 0.01F);
+TEST_F(FontsTest, ShapesLinesAsTheyAreSeenAndMeasuresThemAsTheyAreRead) {
+  const struct {
+    StringView text, seen;
+    bool rightToLeft;
+    std::vector<StringView> ends;  // behind each unit, as the widths of other texts
+  } cases[] = {{u"", u"", false, {}},
+               {u"ab", u"ab", false, {u"a", u"ab"}},
+               {u"שi", u"iש", true, {u"ש", u"שi"}},
+               {u"אב12", u"12בא", true, {u"א", u"אב", u"אב1", u"אב12"}},
+               {u"a אב", u"a בא", false, {u"a", u"a ", u"a א", u"a אב"}},
+               {u"سلام", u"م??", true, {}},
+               {u"e\u0301a", u"?a", false, {u"e", u"e", u"ea"}},
+               {u"x\u0323\u0302", u"x??", false, {u"x", u"x", u"x"}},
+               {u"a\U0001D538b", u"a?b", false, {u"a", u"a\U0001D538", u"a\U0001D538", u"a\U0001D538b"}},
+               {u"a\n\u2028b", u"a\n\nb", false, {u"a", u"a", u"a", u"ab"}}};
+  for (const auto& row : cases) {
+    const std::string text = base::ToUtf8(row.text);
+    EXPECT_EQ(Seen(*sans, row.text), row.seen) << text << ' ' << base::ToUtf8(Seen(*sans, row.text));
+    EXPECT_EQ(Shape(*sans, row.text).rightToLeft, row.rightToLeft) << text;
+    std::vector<float> ends;
+    sans->Measure(row.text, ends);
+    ASSERT_EQ(ends.size(), row.text.size());
+    for (std::size_t i = 0; i < row.ends.size(); ++i)
+      EXPECT_NEAR(ends[i], Shape(*sans, row.ends[i]).width, 0.01F) << text << i;
   }
-  const std::vector<float> marked = Measure(*face, u"e\u0301a");
-  EXPECT_EQ(marked[0], marked[1]);
-  EXPECT_LT(marked[1], marked[2]);
-  // A letter outside the first plane has two units.
-  const std::vector<float> wide = Measure(*face, u"a\U0001D538b");
-  ASSERT_EQ(wide.size(), 4U);
-  EXPECT_EQ(wide[1], wide[2]);
-  EXPECT_GT(wide[1], wide[0]);
-  EXPECT_TRUE(Measure(*face, u"").empty());
+  EXPECT_LT(Shape(*sans, u"AV").width, Shape(*sans, u"A").width + Shape(*sans, u"V").width - 0.5F) << "kerned";
 }
 
-TEST_F(FontsTest, MeasuringIsInLogicalOrder) {
-  const auto face = Sans();
-  const std::vector<float> ends = Measure(*face, u"שi");  // a wide letter before a narrow one
-  EXPECT_NEAR(ends[0], Shape(*face, u"ש").width, 0.01F);
-}
-
-TEST_F(FontsTest, LettersThatAFaceLacksComeFromAnother) {
-  const auto mono = fonts.CreateFace({.face = u"DejaVu Sans Mono", .height = -32});
-  const auto sans = Sans();
-  const ShapedLine borrowed = Shape(*mono, u"א");  // the monospaced face has no Hebrew
-  ASSERT_EQ(borrowed.glyphs.size(), 1U);
-  EXPECT_TRUE(SamePicture(borrowed.glyphs[0], Shape(*sans, u"א").glyphs[0]));
-  const ShapedLine mixed = Shape(*mono, u"xאx");
-  EXPECT_TRUE(SamePicture(mixed.glyphs[0], Shape(*mono, u"x").glyphs[0]));
-  EXPECT_TRUE(SamePicture(mixed.glyphs[2], mixed.glyphs[0]));
-  EXPECT_FALSE(SamePicture(mixed.glyphs[0], Shape(*sans, u"x").glyphs[0]));
+TEST_F(FontsTest, LettersAndFacesThatAreMissingComeFromAnother) {
+  const auto mono = fonts.CreateFace({u"DejaVu Sans Mono", -32});
+  const StringView word = u"א\u05B0\uFE0Fב";  // the monospaced face has no Hebrew
+  EXPECT_EQ(Places(*mono, word), Places(*sans, word));
+  EXPECT_NE(Places(*mono, u"x"), Places(*sans, u"x"));
+  for (const StringView known : {u"DejaVu Sans", u"DEJAVU SANS", u"sans-serif", u"", u"文泉驛微米黑"}) {
+    EXPECT_EQ(fonts.CreateFace({String(known), 20})->Substitute(), u"") << base::ToUtf8(known);
+  }
+  EXPECT_NE(fonts.CreateFace({String(5000, u'x'), 20})->Substitute(), u"");
+  EXPECT_EQ(Places(*sans, String(1, u'\xD800')), Places(*sans, u"\uFFFD"));
 }
 
 TEST_F(FontsTest, BrokenAndInvisibleTextHarmsNothing) {
-  const auto face = Sans();
-  const String texts[] = {String(1, u'\xD800'),
-                          String(1, u'\xDC00'),
-                          String{u'\xDC00', u'\xD800'},
-                          String{u'a', u'\xD83D'},
-                          u"\u200D\u200D\uFE0F",
-                          u"\u0301\u0302",
-                          u"\t\r\n\x01",
-                          u"\u2028\u2029\u202E\u2067",
-                          u"\uFFFF\U0010FFFF",
-                          String(3000, u'\x0301'),
-                          String(1, u'\0')};
-  for (const String& text : texts) {
-    EXPECT_EQ(Measure(*face, text).size(), text.size());
-    EXPECT_GE(Shape(*face, text, GlyphStyle::Bitmap).width, 0.0F);
-    EXPECT_GE(Shape(*face, text).width, 0.0F);
+  for (const String& text : {String{u'\xDC00', u'\xD800'}, String{u'a', u'\xD83D'}, String(u"\u200D\u200D\uFE0F"),
+                             String(u"\u0301\u0302"), String(u"\t\r\x01"), String(u"\u2029\u202E\u2067"),
+                             String(u"\uFFFF\U0010FFFF"), String(3000, u'\x0301'), String(1, u'\0')}) {
+    std::vector<float> ends;
+    sans->Measure(text, ends);
+    EXPECT_EQ(ends.size(), text.size());
+    EXPECT_GE(Shape(*sans, text, GlyphStyle::Bitmap).width, 0.0F);
+    EXPECT_GE(Shape(*sans, text).width, 0.0F);
   }
-  EXPECT_EQ(Shape(*face, u"\t\r\n").width, 0.0F);
-  const ShapedLine lone = Shape(*face, String(1, u'\xD800'));
-  EXPECT_TRUE(SamePicture(lone.glyphs.at(0), Shape(*face, u"\uFFFD").glyphs.at(0)));
 }
 
-TEST_F(FontsTest, BlanksHaveWidthAndNoPicture) {
-  const ShapedLine line = Shape(*Sans(), u"   ");
-  EXPECT_GT(line.width, 10.0F);
-  for (const base::Glyph& glyph : line.glyphs) EXPECT_EQ(glyph.texture, 0U);
-}
-
-TEST_F(FontsTest, DistanceFieldsServeAllSizesAndBitmapsOne) {
-  const auto small = Sans(-12);
-  const auto large = Sans(-120);
-  EXPECT_TRUE(SamePicture(Shape(*small, u"g").glyphs[0], Shape(*large, u"g").glyphs[0]));
-  EXPECT_FALSE(SamePicture(Shape(*small, u"g", GlyphStyle::Bitmap).glyphs[0],
-                           Shape(*large, u"g", GlyphStyle::Bitmap).glyphs[0]));
-  const base::Glyph glyph = Shape(*small, u"fg", GlyphStyle::Bitmap).glyphs[1];
-  EXPECT_EQ(glyph.left, std::floor(glyph.left));
-  EXPECT_EQ(glyph.top, std::floor(glyph.top));
+TEST_F(FontsTest, DistanceFieldsServeAllSizesAndBitmapsOneOnWholePixels) {
+  const auto small = fonts.CreateFace({u"DejaVu Sans", -12});
+  EXPECT_EQ(Places(*small, u"g"), Places(*sans, u"g"));
+  for (const base::Glyph& glyph : Shape(*small, u"minimum", GlyphStyle::Bitmap).glyphs) {
+    EXPECT_EQ((std::array{glyph.left, glyph.top}), (std::array{std::floor(glyph.left), std::floor(glyph.top)}));
+  }
+  EXPECT_EQ(Shape(*sans, u" ").glyphs.at(0).texture, 0U);
 }
 
 }  // namespace

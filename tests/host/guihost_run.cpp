@@ -1,8 +1,5 @@
 #include "tests/host/guihost_run.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
 #include <cstdlib>
 
 #include "host/scenes/image_decoder.h"
@@ -11,16 +8,12 @@
 namespace qen::host {
 
 std::string MakeEmptyScene() {
-  return GltfBuilder().Json(R"("scenes":[{"nodes":[0]}],"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}])");
+  return R"({"asset":{"version":"2.0"},"nodes":[{"name":"~bBack","children":[1]},{"name":"normal"}]})";
 }
 
 std::string MakeSquares(const std::string& nodes) {
-  GltfBuilder scene;
-  scene.Add<float>("VEC3", {-30, -30, 0, 30, -30, 0, 30, 30, 0, -30, 30, 0});
-  scene.Add<float>("VEC3", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1});
-  scene.Add<std::uint8_t>("SCALAR", {0, 1, 2, 0, 2, 3});
-  const Bytes glb = scene.Glb("\"nodes\":[" + nodes + R"(],
-      "meshes":[{"primitives":[{"attributes":{"POSITION":0,"NORMAL":1},"indices":2,"material":0}]}],
+  const Bytes glb = MakeGlb("\"nodes\":[" + nodes + R"(],"meshes":[{"primitives":[{"material":0,"mode":6,"attributes":{
+      "POSITION":<float3 -30 -30 0 30 -30 0 30 30 0 -30 30 0>,"NORMAL":<byte3 0 0 1 0 0 1 0 0 1 0 0 1>}}]}],
       "materials":[{"pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1],"metallicFactor":0}}])");
   return {glb.begin(), glb.end()};
 }
@@ -42,13 +35,6 @@ int GuihostTest::Run(const std::string& arguments) {
   out = folder.Read("out");
   err = folder.Read("err");
   return status;
-}
-
-std::string GuihostTest::Complaint(const std::string& arguments) {
-  EXPECT_NE(Run(arguments), 0) << arguments;
-  EXPECT_EQ(std::ranges::count(err, '\n'), 1) << err;
-  EXPECT_THAT(err, ::testing::StartsWith("guihost: "));
-  return err;
 }
 
 std::optional<base::Image> GuihostTest::Picture(const std::string& name) {

@@ -25,9 +25,6 @@ class GuihostTest : public ::testing::Test {
   // Runs the program in the temporary folder without a display. Its exit status; `out` and `err` are what it printed.
   int Run(const std::string& arguments);
 
-  // What the program says when it fails, which must be one line.
-  std::string Complaint(const std::string& arguments);
-
   std::optional<base::Image> Picture(const std::string& name);
 
   TemporaryFolder folder;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/bag_entry.h"
 #include "engine/texture.h"
@@ -9,31 +10,23 @@
 
 namespace qen::test {
 
-inline constexpr std::uint32_t kPlainSlot = 0xFFFFFFFF;  // opaque white
-
 // What the game puts into a slot.
-class Entry final : public IBagEntry {
- public:
+struct Entry final : IBagEntry {
   explicit Entry(std::uint32_t entryColor, Texture* entryTexture = nullptr)
-      : color_(entryColor), texture_(entryTexture) {}
+      : color(entryColor), texture(entryTexture) {}
 
   std::uint32_t GetColor() override {
     if (onAsked) onAsked();
-    return color_;
+    return color;
   }
-  Texture* GetTexture() override { return texture_; }
+  Texture* GetTexture() override { return texture; }
 
+  std::uint32_t color;
+  Texture* texture;
   std::function<void()> onAsked;
-
- private:
-  std::uint32_t color_;
-  Texture* texture_;
 };
 
-inline String SlotName(std::size_t number) {
-  const std::string digits = std::to_string(number);
-  return u"~qslot" + String(digits.begin(), digits.end());
-}
+inline String SlotName(std::size_t number) { return u"~qslot" + base::ToUtf16(std::to_string(number)); }
 
 // A bag file `name`.txt and its scene; the slots are 10 units apart.
 inline void AddBag(base::RecordingEngine& engine, const String& name, std::size_t slots, StringView definition) {
@@ -54,10 +47,7 @@ inline String ActiveSlots(std::size_t slots) {
 
 class BagTest : public GuiTest {
  protected:
-  struct Seen {
-    std::uint32_t argb = 0;
-    std::uint32_t texture = 0;  // handle; 0 none
-  };
+  using Seen = std::pair<std::uint32_t, std::uint32_t>;  // its colour, and its texture's handle or 0
 
   BagTest() { engine.AddPictureFile(u"textures\\guitex\\default_bag.png"); }
 
@@ -79,30 +69,16 @@ class BagTest : public GuiTest {
     return TextureManager::GetSingleton()->Load(file, kDefaultGroup, 0, 129);
   }
 
-  static ICGUIDummy& Quad(const ICGUIPageObject& bag, std::size_t slot) {
-    return *dynamic_cast<ICGUIDummy*>(bag.items.at(slot));
-  }
-
   // What the shown bag draws, from left to right.
   std::vector<Seen> DrawSlots() {
     DrawPages();
     std::vector<base::DrawItem> items = engine.render.frame.items;
     std::ranges::stable_sort(items, {}, [](const base::DrawItem& item) { return item.world.m[3][0]; });
     std::vector<Seen> seen;
-    seen.reserve(items.size());
     for (const base::DrawItem& item : items) {
-      seen.push_back({engine.render.frame.vertices.at(item.firstVertex).argb, item.texture});
+      seen.emplace_back(engine.render.frame.vertices.at(item.firstVertex).argb, item.texture);
     }
     return seen;
-  }
-
-  // The colours after an update.
-  std::vector<std::uint32_t> ColorsOf(ICGUIPageObject& bag) {
-    bag.Pick(nullptr, 0, 0, 0, 0, 0);
-    const std::vector<Seen> seen = DrawSlots();
-    std::vector<std::uint32_t> colors(seen.size());
-    std::ranges::transform(seen, colors.begin(), [](const Seen& slot) { return slot.argb & 0xFFFFFFU; });
-    return colors;
   }
 };
 

@@ -1,287 +1,195 @@
-// The bag: how entries are laid out on its slots.
-#include <gmock/gmock.h>
+// The bag: how entries are laid out on its slots, and what a slot shows.
+#include <limits>
+#include <random>
+#include <utility>
 
 #include "engine/scene_manager.h"
-#include "engine/system.h"
 #include "tests/module/bag_fixture.h"
 
 namespace qen::test {
 namespace {
 
-using ::testing::ElementsAre;
+void Pick(ICGUIPageObject& bag) { EXPECT_EQ(bag.Pick(nullptr, 0, 0, 0, 0, 0), nullptr); }
 
-constexpr std::uint32_t kPlain = 0xFFFFFF;
+ICGUIDummy& Quad(const ICGUIPageObject& bag, std::size_t slot) {
+  return *dynamic_cast<ICGUIDummy*>(bag.items.at(slot));
+}
+
+// What a bag is told, written out.
+struct BagModel {
+  struct Slot {
+    ICGUIDummy* quad;
+    std::size_t place;  // from the left
+  };
+
+  void SetItems(const std::vector<IBagEntry*>& given) {
+    entries = given;
+    focus = entries.empty() ? 0 : focus % Count();
+    slotCount = std::max(static_cast<std::int32_t>(slots.size()), Count());
+  }
+  void Step(std::int32_t step) {
+    if (!entries.empty()) focus = (focus + step + Count()) % Count();
+  }
+  // The entry that each place shows, from the left.
+  std::vector<IBagEntry*> LayOut() {
+    std::vector<IBagEntry*> shown(slots.size());
+    if (entries.empty()) return shown;
+    for (auto slot = slots.begin(); slot != slots.end(); ++slot) {
+      for (auto later = slot + 1; later != slots.end(); ++later) {
+        if (slot->quad->GetId() > later->quad->GetId()) std::swap(*slot, *later);
+      }
+    }
+    const auto first = std::ranges::find_if(slots, [](const Slot& slot) { return slot.quad->GetActive() != 0; });
+    std::int32_t entry = focus - static_cast<std::int32_t>(first - slots.begin()) + slotCount;
+    for (const Slot& slot : slots) {
+      entry %= slotCount;
+      if (first != slots.end() && entry < Count()) shown[slot.place] = entries[static_cast<std::size_t>(entry)];
+      ++entry;
+    }
+    return shown;
+  }
+  [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries.size()); }
+
+  std::vector<Slot> slots;
+  std::vector<IBagEntry*> entries;
+  std::int32_t focus = 0, slotCount = 0;
+};
 
 class BagPage : public BagTest {
  protected:
-  Entry a{1}, b{2}, c{3}, d{4}, e{5};
+  // The calls of the engine since the last time that begin with this, with their arguments but for the usual group.
+  std::string TakeCalls(std::string_view beginning = "") {
+    std::string calls;
+    for (const base::Call& call : std::exchange(engine.calls, {})) {
+      if (!call.name.starts_with(beginning)) continue;
+      calls += call.name.substr(call.name.find(':') + 2);
+      for (const base::CallArgument& argument : call.arguments) {
+        const auto* text = std::get_if<std::string>(&argument);
+        const auto* number = std::get_if<std::int64_t>(&argument);
+        if (text != nullptr && !text->empty() && *text != "_DefaultGroup_") calls += " " + *text;
+        if (number != nullptr) calls += " " + std::to_string(*number);
+      }
+      calls += "; ";
+    }
+    return calls;
+  }
+
+  Entry a{1}, b{2}, c{3}, d{4};
 };
 
-TEST_F(BagPage, BuildsAQuadOfEachSlotNode) {
-  base::SceneData scene;
-  for (const Char* name : {u"Root", u"~qSlot01", u"~bok", u"~Qloud", u"~q", u"~", u"~tTitle"}) {
-    base::AddNode(scene, name);
-  }
-  engine.AddScene(u"scenes\\bag.glb", std::move(scene));
-  AddText(u"bag.txt", u"name scenes\\bag.glb item ~qSLOT01 { tooltip 4 visible 0 message use:potion min 3 }");
-  ICGUIPageObject* bag = OpenBag(u"bag.txt");
-  ASSERT_EQ(bag->items.size(), 2U);
-  EXPECT_EQ(bag->kind, 2U);
-  EXPECT_EQ(bag->baseName, u"bag.glb");
-  EXPECT_EQ(bag->items[0]->info->name, u"~qslot01");
-  EXPECT_EQ(bag->items[1]->info->name, u"~q");
-  EXPECT_EQ(bag->FindItem(u"~qslot01"), bag->items[0]);
-  EXPECT_EQ(bag->FindItem(u"~qSlot01"), nullptr);
-  const ItemInfo& info = *bag->items[0]->info;
-  EXPECT_EQ(info.type, widget_type::kQuad);
-  EXPECT_EQ(info.tooltip, 4);
-  EXPECT_EQ(info.min, 3);
-  EXPECT_EQ(info.visible, 1U) << "slots are always visible";
-  EXPECT_EQ(info.messages.size(), 1U);
-  EXPECT_EQ(bag->NextObjectId(), 0) << "slots take none";
-}
-
-TEST_F(BagPage, AsksTheSceneManagerInOrder) {
-  AddBag(engine, u"bag", 1, u"");
-  engine.calls.clear();
-  OpenBag(u"bag.txt");
-  EXPECT_THAT(CallNames({"ISceneMng", "SimpleScene", "timeGetTime"}),
-              ElementsAre("ISceneMng::RemoveSimpleScene", "ISceneMng::DestroyScene", "ISceneMng::CreateScene",
-                          "SimpleScene::SimpleScene", "SimpleScene::Load", "ISceneMng::AddSimpleScene",
-                          "ISceneMng::CreateInstance", "ISceneMng::DisableScene"))
-      << "no light, no timing";
-  const base::Call constructed = engine.CallsOf("SimpleScene::SimpleScene").at(0);
-  EXPECT_EQ(std::get<std::string>(constructed.arguments.at(0)), "CGUIBagPage");
-  EXPECT_EQ(std::get<std::int64_t>(constructed.arguments.at(1)), 196);
-  EXPECT_TRUE(engine.log.empty());
-}
-
-TEST_F(BagPage, NumbersQuadsOverAllBags) {
-  AddBag(engine, u"first", 3, u"");
-  AddBag(engine, u"second", 2, u"item ~qslot0 { id 77 }");
-  AddBag(engine, u"third", 1, u"");
-  EXPECT_EQ(OpenBag(u"first.txt")->items[2]->GetId(), 2);
-  EXPECT_EQ(OpenBag(u"second.txt")->items[0]->GetId(), 77);
-  EXPECT_EQ(gui->GetPage(1)->items[1]->GetId(), 4);
-  gui->Release();
-  EXPECT_EQ(OpenBag(u"third.txt")->items[0]->GetId(), 5) << "unloading gives no numbers back";
-}
-
-TEST_F(BagPage, IgnoresSoundsAndLoadsAnimations) {
-  engine.AddAnimation(u"in.glb", base::MoveNode(u"~qslot0", {}, {1, 0, 0}, 1.0F));
-  engine.AddSound(u"click.wav");
-  ICGUIPageObject* bag = OpenBagOf(1, u"onclickwav click.wav anim in.glb anim_in missing anim_in in.glb");
-  EXPECT_TRUE(engine.CallsOf("ISound::CreateSound").empty());
-  EXPECT_EQ(bag->animIn, 1);
-  EXPECT_EQ(bag->animOut, -1);
-  bag->PlaySound(bag, sound_kind::kClick);
-  EXPECT_TRUE(engine.CallsOf("ISound::Play").empty());
-}
-
-TEST_F(BagPage, KeepsWhatItHasWhenAFileCannotBeRead) {
-  ICGUIPageObject* bag = OpenBagOf(2, u"");
-  SimpleScene* scene = bag->scene;
-  ASSERT_NE(scene, nullptr);
-  EXPECT_EQ(bag->LoadPage(u"no such file", 2), scene);
-  EXPECT_EQ(bag->items.size(), 2U);
-  AddText(u"short", u"n");
-  EXPECT_EQ(bag->LoadPage(u"short", 2), nullptr);
-  EXPECT_NE(bag->LoadPage(u"bag.txt", 2), nullptr);
-  EXPECT_EQ(bag->items.size(), 2U);
-}
-
-TEST_F(BagPage, WithoutASceneHasNoSlots) {
-  for (const StringView text : {u"", u"n", u"item ~qslot0 { active 1 }", u"name missing.glb", u"anim x", u"name"}) {
-    AddText(u"bag.txt", text);
-    ICGUIPageObject* bag = OpenBag(u"bag.txt");
-    bag->SetBagItems({&a, nullptr});
-    EXPECT_EQ(bag->slotCount, 2);
-    EXPECT_EQ(bag->Pick(nullptr, 0, 0, 0, 0, 0), nullptr);
-    bag->Render(&engine.viewport);
-    EXPECT_TRUE(bag->items.empty()) << Narrow(text);
-    engine.calls.clear();
-    bag->Unload();
-    EXPECT_EQ(engine.CallsOf("ISceneMng::DestroyInstance").size(), 1U) << "also without a scene";
-  }
-  const base::Call removed = engine.CallsOf("ISceneMng::RemoveSimpleScene").at(0);
-  EXPECT_EQ(std::get<std::string>(removed.arguments.at(0)), "_gui");
-}
-
-TEST_F(BagPage, LaysEntriesOutFromTheFirstActiveSlot) {
-  struct Row {
-    std::size_t slots;
-    std::vector<std::size_t> active;
-    std::vector<IBagEntry*> entries;
-    std::int32_t steps;  // of FocusPrev
-    std::vector<std::uint32_t> wanted;
-  };
-  const std::vector<Row> rows{
-      {5, {0, 1, 2, 3, 4}, {&a, &b, &c}, 0, {1, 2, 3, kPlain, kPlain}},
-      {5, {0, 1, 2, 3, 4}, {&a, &b, &c}, 1, {2, 3, kPlain, kPlain, 1}},
-      {5, {0, 1, 2, 3, 4}, {&a, &b, &c}, 2, {3, kPlain, kPlain, 1, 2}},
-      {5, {2}, {&a, &b, &c, &d, &e}, 0, {4, 5, 1, 2, 3}},
-      {5, {2, 4}, {&a, &b, &c, &d, &e}, 4, {3, 4, 5, 1, 2}},
-      {5, {4}, {&a, &b}, 1, {kPlain, kPlain, kPlain, 1, 2}},
-      {2, {0}, {&a, &b, &c, &d, &e}, 0, {1, 2}},
-      {2, {1}, {&a, &b, &c, &d, &e}, 3, {3, 4}},
-      {2, {1}, {&a, &b, &c, &d, &e}, 0, {5, 1}},
-      {3, {0}, {&a, nullptr, &c}, 0, {1, kPlain, 3}},
-      {3, {1}, {nullptr}, 0, {kPlain, kPlain, kPlain}},
-      {3, {}, {&a, &b}, 0, {kPlain, kPlain, kPlain}},
-      {1, {0}, {&a, &b}, 1, {2}},
-  };
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    ICGUIPageObject* bag = OpenBagOf(rows[row].slots, u"");
-    for (const std::size_t slot : rows[row].active) Quad(*bag, slot).GetActive() = -1;
-    bag->SetBagItems(rows[row].entries);
-    for (std::int32_t i = 0; i < rows[row].steps; ++i) EXPECT_TRUE(bag->FocusPrev());
-    EXPECT_EQ(ColorsOf(*bag), rows[row].wanted) << "row " << row;
-    EXPECT_EQ(bag->slotCount, static_cast<std::int32_t>(std::max(rows[row].slots, rows[row].entries.size())));
-    gui->Release();
-  }
-}
-
-TEST_F(BagPage, ShowsDefaultsAgainWhenEntriesOrActiveSlotsGo) {
-  ICGUIPageObject* bag = OpenBagOf(2, ActiveSlots(2));
-  bag->SetBagItems({&a, &b});
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(1, 2));
-  bag->SetBagItems({&c});
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(3, kPlain));
-  bag->SetBagItems({});
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(kPlain, kPlain));
-  bag->SetBagItems({&a, &b});
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(1, 2));
-  for (const std::size_t slot : {0U, 1U}) Quad(*bag, slot).GetActive() = 0;
-  EXPECT_THAT(ColorsOf(*bag), ElementsAre(kPlain, kPlain));
-}
-
-TEST_F(BagPage, ShowsTheTexturesOfEntriesOrItsOwn) {
+TEST_F(BagPage, LaysEntriesOutAsTheModelOverRandomSteps) {
   Texture* sword = LoadTexture(u"sword.png");
   Entry armed(0x102030, sword);
-  ICGUIPageObject* bag = OpenBagOf(3, ActiveSlots(3) + u"item ~qslot2 { texture own.png }");
-  bag->SetBagItems({&armed, &a, &b});
-  Frame();
-  std::vector<Seen> seen = DrawSlots();
-  ASSERT_EQ(seen.size(), 3U);
-  EXPECT_EQ(seen[0].texture, sword->GetHandle());
-  EXPECT_EQ(seen[0].argb, 0xFF102030U);
-  EXPECT_NE(seen[1].texture, 0U) << "an entry without a texture leaves the slot's own";
-  EXPECT_NE(seen[1].texture, sword->GetHandle());
-  EXPECT_EQ(seen[2].texture, 0U) << "a texture that is missing";
-  EXPECT_TRUE(bag->FocusNext());
-  Frame();
-  seen = DrawSlots();
-  EXPECT_EQ(seen[1].texture, sword->GetHandle());
-  EXPECT_NE(seen[0].texture, sword->GetHandle());
+  std::vector<IBagEntry*> pool{&a, &b, &c, &d, &armed, nullptr};
+  std::mt19937 random(20);
+  const auto below = [&random](std::size_t count) { return random() % count; };
+  for (const std::size_t slots : {1U, 2U, 3U, 6U}) {
+    ICGUIPageObject& bag = *OpenBagOf(slots, u"item ~qslot1 { texture missing.png }");
+    BagModel model;
+    const std::vector<Seen> own = DrawSlots();
+    for (std::size_t i = 0; i < slots; ++i) model.slots.push_back({&Quad(bag, i), i});
+    for (int step = 0; step < 400; ++step) {
+      ICGUIDummy& quad = *model.slots[below(slots)].quad;
+      const std::size_t what = below(5);
+      if (what == 0) {
+        std::vector<IBagEntry*> entries(below(9));
+        for (IBagEntry*& entry : entries) entry = pool[below(pool.size())];
+        bag.SetBagItems(entries);
+        model.SetItems(entries);
+      } else if (what == 1) {
+        gui->FocusNext();
+        model.Step(-1);
+      } else if (what == 2) {
+        EXPECT_TRUE(bag.FocusPrev());
+        model.Step(1);
+      } else if (what == 3) {
+        quad.GetActive() = below(2) == 0 ? -1 : 0;
+      } else {
+        quad.GetId() = static_cast<std::int32_t>(below(4)) - 1;
+      }
+      Pick(bag);
+      std::vector<Seen> wanted = own;
+      const std::vector<IBagEntry*> shown = model.LayOut();
+      for (std::size_t i = 0; i < slots; ++i) {
+        const std::uint32_t color = shown[i] != nullptr ? shown[i]->GetColor() : 0xFFFFFF;
+        wanted[i].first = 0xFF000000 | color;
+        if (shown[i] == &armed) wanted[i].second = sword->GetHandle();
+      }
+      ASSERT_EQ(DrawSlots(), wanted) << "step " << step << " with " << slots;
+      ASSERT_TRUE(std::ranges::equal(bag.items, model.slots, {}, {}, &BagModel::Slot::quad)) << "step " << step;
+      const auto focus = static_cast<std::size_t>(model.focus);
+      ASSERT_EQ(bag.GetSelectedBagItem(), model.entries.empty() ? nullptr : model.entries[focus]);
+      ASSERT_EQ((std::pair{bag.focusIndex, bag.slotCount}), (std::pair{model.focus, model.slotCount}));
+    }
+    gui->Release();
+  }
   TextureManager::GetSingleton()->Destroy(sword);
 }
 
-TEST_F(BagPage, TurnsTheFocusRoundTheEntries) {
-  ICGUIPageObject* bag = OpenBagOf(5, u"");
-  EXPECT_TRUE(bag->FocusNext());
-  EXPECT_TRUE(bag->FocusPrev());
-  EXPECT_EQ(bag->focusIndex, 0);
-  EXPECT_EQ(bag->GetSelectedBagItem(), nullptr);
-  bag->SetBagItems({&a, nullptr, &c});
-  EXPECT_EQ(bag->GetSelectedBagItem(), &a);
-  engine.calls.clear();
-  gui->FocusNext();
-  EXPECT_EQ(bag->GetSelectedBagItem(), &c);
-  gui->FocusNext();
-  EXPECT_EQ(bag->GetSelectedBagItem(), nullptr) << "an entry that is none";
-  gui->FocusPrev();
-  gui->FocusPrev();
-  EXPECT_EQ(bag->focusIndex, 0);
-  EXPECT_TRUE(engine.CallsOf("SetCursorPos").empty());
-}
-
-TEST_F(BagPage, KeepsTheFocusAmongNewEntries) {
-  ICGUIPageObject* bag = OpenBagOf(5, u"");
-  bag->SetBagItems({&a, &b, &c});
-  bag->FocusNext();
-  ASSERT_EQ(bag->focusIndex, 2);
-  bag->SetBagItems({&a, &b, &c, &d});
-  EXPECT_EQ(bag->focusIndex, 2);
-  bag->SetBagItems({&a, &b});
-  EXPECT_EQ(bag->focusIndex, 0);
-  bag->FocusPrev();
-  bag->SetBagItems({});
-  EXPECT_EQ(bag->focusIndex, 0);
-  EXPECT_EQ(bag->slotCount, 5);
-  bag->SetBagItems({&a, &b, &c, &d, &e, &a});
-  EXPECT_EQ(bag->slotCount, 6);
-}
-
-TEST_F(BagPage, SortsSlotsByIdAsExchangingEveryPairDoes) {
-  const std::vector<std::vector<std::int32_t>> cases{{0, 1, 2}, {2, 1, 0},        {2, 2, 1},   {3, 3, 3, 1, 1, 2},
-                                                     {1, 1, 1}, {5, -1, 5, 2, 5}, {4, 4, 2, 2}};
-  for (const std::vector<std::int32_t>& ids : cases) {
-    ICGUIPageObject* bag = OpenBagOf(ids.size(), u"");
-    std::vector<ICGUIObject*> wanted = bag->items;
-    for (std::size_t i = 0; i < ids.size(); ++i) wanted[i]->GetId() = ids[i];
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-      for (std::size_t k = i + 1; k < wanted.size(); ++k) {
-        if (wanted[i]->GetId() > wanted[k]->GetId()) std::swap(wanted[i], wanted[k]);
-      }
-    }
-    const std::vector<ICGUIObject*> before = bag->items;
-    bag->Pick(nullptr, 0, 0, 0, 0, 0);
-    EXPECT_EQ(bag->items, before) << "without entries nothing is sorted";
-    bag->SetBagItems({&a});
-    bag->Pick(nullptr, 0, 0, 0, 0, 0);
-    EXPECT_EQ(bag->items, wanted);
-    gui->Release();
-  }
-}
-
-TEST_F(BagPage, DrawsSlotsInsteadOfTheirMeshes) {
+TEST_F(BagPage, BuildsAQuadOfEachSlotNodeInsteadOfItsMesh) {
   base::SceneData scene;
   base::AddBox(scene, u"backdrop", -1, {0, 0, -50}, {100, 80, 1});
-  base::AddBox(scene, u"~qmesh", -1, {}, {5, 5, 1});
-  base::AddNode(scene, u"~qbare", -1, {10, 0, 0});
-  base::AddBox(scene, u"front", -1, {0, 0, 20}, {1, 1, 1});
-  engine.AddScene(u"bag.glb", std::move(scene));
-  AddText(u"bag.txt", u"name bag.glb");
-  ICGUIPageObject* bag = OpenBag(u"bag.txt");
+  base::AddBox(scene, u"~qSlot01", -1, {10, 0, 0}, {5, 5, 1});
+  for (const Char* name : {u"~bok", u"~Qloud", u"~q", u"~", u"~tTitle"}) base::AddNode(scene, name);
+  engine.AddScene(u"scenes\\bag.glb", std::move(scene));
+  AddText(u"bag.txt", u"name scenes\\bag.glb item ~qSLOT01 { tooltip 4 visible 0 disabled 1 min 3 }");
+  ICGUIPageObject& bag = *OpenBag(u"bag.txt");
+  ASSERT_EQ(bag.items.size(), 2U);
+  EXPECT_EQ(bag.FindItem(u"~qslot01"), bag.items[0]);
+  EXPECT_EQ(bag.FindItem(u"~q"), bag.items[1]);
+  const ItemInfo& info = *bag.items[0]->info;
+  EXPECT_EQ((std::array{info.tooltip, info.min}), (std::array{4, 3}));
+  EXPECT_EQ((std::array{info.visible, info.disabled}), (std::array{1U, 0U})) << "slots are always visible";
+  EXPECT_EQ(bag.NextObjectId(), 0) << "slots take none";
+
   ShowOnly(0);
-  const auto count = [this](base::DrawKind kind) {
-    return std::ranges::count(engine.render.frame.items, kind, &base::DrawItem::kind);
-  };
-  DrawPages();
-  EXPECT_EQ(count(base::DrawKind::Mesh), 2);
-  EXPECT_EQ(count(base::DrawKind::Triangles3D), 2);
-  EXPECT_EQ(count(base::DrawKind::Lines3D), 0);
-  bag->items[0]->SetShowBox(1);
-  bag->items[1]->ShowNodes(0);
-  DrawPages();
-  EXPECT_EQ(count(base::DrawKind::Mesh), 2);
-  EXPECT_EQ(count(base::DrawKind::Triangles3D), 1);
-  EXPECT_EQ(count(base::DrawKind::Lines3D), 1);
-  for (const base::DrawItem& item : engine.render.frame.items) {
-    if (item.kind != base::DrawKind::Mesh) continue;
-    const float z = item.world.m[3][2];
-    EXPECT_TRUE(z == 50.0F || z == -20.0F) << "each mesh where its node is";
-    EXPECT_FLOAT_EQ(item.distance, 144.1F + z);
-  }
+  EXPECT_EQ(DrawSlots().size(), 3U) << "the backdrop and the quads";
+  bag.items[0]->SetVisible(0);
+  bag.items[1]->ShowNodes(0);
+  EXPECT_EQ(DrawSlots().size(), 2U) << "slots cannot be hidden";
+
+  AddBag(engine, u"second", 2, u"item ~qslot0 { id 77 }");
+  ICGUIPageObject& second = *OpenBag(u"second.txt");
+  EXPECT_EQ((std::array{bag.items[1]->GetId(), second.items[0]->GetId(), second.items[1]->GetId()}),
+            (std::array{1, 77, 3}));
+  gui->Release();
+  EXPECT_EQ(OpenBag(u"second.txt")->items[1]->GetId(), 5) << "unloading gives no numbers back";
 }
 
-TEST_F(BagPage, UnloadsInOrderAndKeepsItsEntries) {
+TEST_F(BagPage, LoadsAndUnloadsInOrderAndKeepsItsEntries) {
   engine.AddAnimation(u"in.glb", base::MoveNode(u"~qslot0", {}, {1, 0, 0}, 1.0F));
-  ICGUIPageObject* bag = OpenBagOf(2, u"anim in.glb");
-  bag->SetBagItems({&a});
+  AddBag(engine, u"bag", 1, u"anim in.glb anim_in missing anim_in in.glb");
   engine.calls.clear();
-  bag->Unload();
-  std::vector<std::string> names;
-  for (const base::Call& call : engine.calls) names.push_back(call.name.substr(call.name.find(':') + 2));
-  EXPECT_THAT(names, ElementsAre("RemoveTexture", "Destroy", "Destroy", "RemoveTexture", "Destroy", "Destroy",
-                                 "DestroyInstance", "RemoveSimpleScene", "DestroyScene", "~SimpleScene"));
-  EXPECT_EQ(bag->scene, nullptr);
-  EXPECT_TRUE(bag->items.empty() && bag->anims.empty());
-  EXPECT_EQ(bag->GetSelectedBagItem(), &a);
-  EXPECT_TRUE(engine.render.textures.empty());
-  bag->Unload();
-  bag->Render(&engine.viewport);
-  EXPECT_EQ(bag->Pick(nullptr, 0, 0, 0, 0, 0), nullptr);
+  ICGUIPageObject& bag = *OpenBag(u"bag.txt");
+  EXPECT_EQ((std::array{bag.animIn, bag.animOut}), (std::array{1, -1}));
+  bag.SetBagItems({&a});
+  bag.Unload();
+  EXPECT_EQ(TakeCalls(),
+            "SetProjection; SetLookAt 0 0 -144.1 0 0 0 0 1 0; ReadFile bag.txt; RemoveSimpleScene bag.glb_gui; "
+            "DestroyScene bag.glb_scene; CreateScene bag.glb_scene; SimpleScene CGUIBagPage 196; Load bag.glb; "
+            "AddSimpleScene bag.glb_gui bag.glb; LoadAnimData in.glb 4294967295; "
+            "LoadAnimData missing 4294967295; LoadAnimData in.glb 4294967295; "
+            "CreateInstance bag.glb_scene bag.glb_gui 1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 none; "
+            "GetLOD bag.glb_gui 0; DisableScene bag.glb_scene; Disable bag.glb_gui; RemoveTexture 1; GetByName gui; "
+            "Load textures\\guitex\\default_bag 0 129; AddTexture 1 textures\\guitex\\default_bag; "
+            "RemoveTexture 1; Destroy textures\\guitex\\default_bag; Destroy gui; DestroyInstance 1; "
+            "RemoveSimpleScene bag.glb_gui; DestroyScene bag.glb_scene; ~SimpleScene bag.glb; ");
+  bag.Unload();
+  Pick(bag);
+  EXPECT_EQ(bag.scene, nullptr);
+  EXPECT_TRUE(bag.items.empty() && bag.anims.empty() && engine.render.textures.empty() && engine.log.empty());
+  EXPECT_EQ(bag.GetSelectedBagItem(), &a);
+  SimpleScene* scene = bag.LoadPage(u"bag.txt", 2);
+  EXPECT_EQ(bag.items.size(), 1U);
+  EXPECT_EQ(bag.LoadPage(u"no such file", 2), scene) << "what cannot be read changes nothing";
+  for (const StringView text : {u"", u"n", u"item ~qslot0 { active 1 }", u"name missing.glb", u"anim x", u"name"}) {
+    AddText(u"bag.txt", text);
+    bag.LoadPage(u"bag.txt", 2);
+    bag.SetBagItems({&a, nullptr});
+    Pick(bag);
+    bag.Render(&engine.viewport);
+    EXPECT_TRUE(bag.items.empty()) << Narrow(text);
+  }
 }
 
 TEST_F(BagPage, SurvivesEntriesThatChangeTheBag) {
@@ -298,6 +206,48 @@ TEST_F(BagPage, SurvivesEntriesThatChangeTheBag) {
   c.onAsked = [bag] { bag->Unload(); };
   Frame();
   EXPECT_TRUE(bag->items.empty());
+}
+
+TEST_F(BagPage, AQuadDrawsItsPictureInTheNodesPlane) {
+  ICGUIDummy& quad = Quad(*OpenBagOf(1, u"item ~qslot0 { alpha 128 scale 3 }"), 0);
+  EXPECT_NE(DrawSlots().at(0).second, 0U);
+  Matrix4x4 moved = Matrix4x4::Identity;
+  moved.SetTranslation({1, 2, 5});
+  quad.SetMatrix(moved);
+  EXPECT_EQ((std::array{quad.node->transform.m[3][0], gui->GetNodeMatrix(0, u"~qslot0")->m[3][1],
+                        quad.node->transform.m[3][2], quad.node->inverseTransform.m[3][0]}),
+            (std::array{1.0F, 2.0F, 5.0F, -1.0F}));
+  engine.calls.clear();
+  DrawPages();
+  EXPECT_EQ(TakeCalls("Drawing::"),
+            "SetWorldMatrix 3 0 0 0 0 3 0 0 0 0 3 0 1 2 5 1; BeginQuads3D gui; DrawQuad3D -4 0 4 4 0 4 -4 0 -4 4 0 -4 "
+            "2164260863; EndQuads; ");
+
+  quad.GetBagRecord().texture = u"missing.png";
+  quad.LoadTexture();
+  EXPECT_EQ(DrawSlots(), (std::vector{Seen{0x80FFFFFF, 0}}));
+  EXPECT_TRUE(engine.render.textures.empty());
+}
+
+TEST_F(BagPage, AnActiveQuadPulsesBetweenOneAndItsScaleOnceASecond) {
+  ICGUIPageObject& bag = *OpenBagOf(1, u"");
+  ICGUIDummy& quad = Quad(bag, 0);
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const struct {
+    double seconds;  // of the frame before
+    std::int32_t active;
+    float scale, factor;
+  } frames[] = {{0, 1, 2, 1},         {0.25, 1, 2, 1.5F},   {0.25, 1, 2, 2},   {0.25, 1, 2, 1.5F}, {7.375, 1, 2, 1.25F},
+                {0, 1, 0.5F, 0.875F}, {0, 0, 0.5F, 0.5F},   {0, -1, 2, 1.25F}, {1e30, 1, 2, 1},    {0.25, 1, 2, 1.5F},
+                {-0.5, 1, 2, 1.5F},   {kInfinity, 1, 2, 1}, {0.25, 1, 2, 1.5F}};
+  for (const auto& frame : frames) {
+    gui->GetFrameTime() = frame.seconds;
+    quad.GetActive() = frame.active;
+    quad.GetScale() = frame.scale;
+    Pick(bag);
+    DrawPages();
+    EXPECT_FLOAT_EQ(engine.render.frame.items.at(0).world.m[0][0], frame.factor) << &frame - frames;
+  }
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
-// The queue of command records, and the commands that change widgets.
+// The commands that change widgets, and what may happen while they wait and are delivered.
+#include <algorithm>
+
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
 #include "tests/module/gui_fixture.h"
+#include "tests/module/widget_scenes.h"
 
 namespace qen::test {
 namespace {
@@ -12,206 +15,91 @@ class Commands : public GuiTest {
     base::SceneData scene;
     AddButton(scene, u"one", {-40, 0, 0});
     AddButton(scene, u"two", {40, 0, 0});
+    AddList(scene, u"list", {0, -30, 0});
     AddButtonPage(u"t", {u"two"});
-    OpenScene(std::move(scene));
+    OpenScene(std::move(scene), u"item ~llist { listitem { message un/checked:~btwo message setpage:t.glb } }");
     OpenPage(u"t.txt");
     one = Find(u"~bone");
     two = Find(u"~btwo");
+  }
+
+  void ClickWith(const Words& messages) {
+    one->info->messages.clear();
+    Say(*one, messages);
+    Click(*one);
+  }
+
+  // A click that is not delivered yet.
+  void Post() {
+    ReleaseButton();
+    Send(message::kFrame);
   }
 
   ICGUIObject* one = nullptr;
   ICGUIObject* two = nullptr;
 };
 
-TEST_F(Commands, AreOfferedUntilSomebodyHandlesThem) {
-  Say(*one, {u"play:a:b", u"noargument", u":", u""});
-  int deliveries = 0;
-  listener.onRecord = [&](std::uint32_t, GuiMessage& record) { record.handled = record.command == u"play"; };
-  Click(*one);
-  EXPECT_EQ(listener.Texts(), (Words{u"play:a", u"noargument:", u":", u":"}));
-  listener.records.clear();
-  Deliver();
-  EXPECT_EQ(listener.Texts(), (Words{u"noargument:", u":", u":"}));
-  listener.onRecord = [&](std::uint32_t, GuiMessage& record) { record.handled = ++deliveries > 3; };
-  Deliver();
-  listener.records.clear();
-  Deliver();
-  Deliver();
-  EXPECT_EQ(listener.records.size(), 3U) << "handled ones are gone";
-}
-
-TEST_F(Commands, EachClickQueuesAllRecordsAgain) {
-  Say(*one, {u"a:1", u"b:2"});
-  Hover(*one);
-  for (int i = 0; i < 2; ++i) {
-    Press();
-    ReleaseButton();
-    Send(message::kFrame);
-  }
-  Deliver();
-  EXPECT_EQ(listener.Texts(), (Words{u"a:1", u"b:2", u"a:1", u"b:2"}));
-  gui->Reset();
-  listener.records.clear();
-  Deliver();
-  EXPECT_TRUE(listener.records.empty());
-  EXPECT_TRUE(gui->GetActivePages().empty());
-}
-
-TEST_F(Commands, ChangeTheWidgetsTheyName) {
-  struct Row {
-    String text;
-    std::uint32_t checked;  // of the source
-    std::uint32_t visible;  // of the target afterwards
-    std::uint32_t disabled;
-    std::uint32_t wantedChecked;
-  };
-  const Row rows[] = {{u"visible/unvisible:~btwo", 0, 0, 0, 0}, {u"visible/unvisible:~btwo", 1, 1, 0, 0},
-                      {u"unvisible/visible:~btwo", 1, 0, 0, 0}, {u"unvisible/visible:~btwo", 0, 1, 0, 0},
-                      {u"enable/disable:~btwo", 1, 1, 1, 0},    {u"enable/disable:~btwo", 0, 1, 0, 0},
-                      {u"un/checked:~btwo", 0, 1, 0, 1},        {u"un/checked:~btwo", 1, 1, 0, 0},
-                      {u"radiogroup:~btwo", 0, 1, 0, 0}};
-  for (const Row& row : rows) {
-    one->info->messages.clear();
-    Say(*one, {row.text});
-    one->info->checked = row.checked;
-    Click(*one);
-    for (const ICGUIObject* target : gui->FindObjects(u"~btwo")) {
-      EXPECT_EQ(target->info->visible, row.visible) << Narrow(row.text) << row.checked;
-      EXPECT_EQ(target->info->disabled, row.disabled) << Narrow(row.text) << row.checked;
-      EXPECT_EQ(target->info->checked, row.wantedChecked) << Narrow(row.text) << row.checked;
+TEST_F(Commands, ChangeOneFlagOfTheWidgetsTheyName) {
+  // Visible, disabled, checked afterwards, by a source that is not checked and by one that is; a dot: as before.
+  const std::tuple<String, std::string, std::string> rows[] = {{u"visible/unvisible", "0..", "1.."},
+                                                               {u"unvisible/visible", "1..", "0.."},
+                                                               {u"enable/disable", ".0.", ".1."},
+                                                               {u"un/checked", "..1", "..0"},
+                                                               {u"radiogroup", "..0", "..0"}};
+  for (std::size_t i = 0; i < 4 * std::size(rows); ++i) {
+    const auto& [word, unchecked, checked] = rows[i / 4];
+    const std::uint32_t before = i % 2;
+    std::string wanted = i % 4 < 2 ? unchecked : checked;
+    std::ranges::replace(wanted, '.', before == 0 ? '0' : '1');
+    const auto widgets = gui->FindObjects(u"~btwo");
+    ASSERT_EQ(widgets.size(), 2U) << "one on either page";
+    for (ICGUIObject* it : widgets) it->info->visible = it->info->disabled = it->info->checked = before;
+    one->info->checked = i % 4 < 2 ? 0 : 2;
+    ClickWith({word + u":~btwo:more"});
+    for (const ICGUIObject* it : widgets) {
+      const ItemInfo& info = *it->info;
+      const std::string flags = std::to_string(1000 + info.visible * 100 + info.disabled * 10 + info.checked);
+      EXPECT_EQ(flags.substr(1), wanted) << Narrow(word);
     }
+    EXPECT_EQ(one->info->checked, i % 4 < 2 ? word == u"radiogroup" : 2U);
   }
-  EXPECT_EQ(one->info->checked, 1U) << "the source of a radio group is checked";
-  EXPECT_EQ(gui->FindObjects(u"~btwo").size(), 2U);
-  listener.records.clear();
-  Deliver();
-  EXPECT_TRUE(listener.records.empty()) << "all were handled";
 }
 
-TEST_F(Commands, NamesThatAreNobodysAreHandledWithoutEffect) {
-  GuiMessage record;
-  record.command = u"enable/disable";
-  record.argument = u"~BTWO";
-  record.value = 1;
-  Send(message::kCommand, 0, &record);
-  EXPECT_EQ(record.handled, 1);
-  EXPECT_EQ(two->info->disabled, 0U);
-  record.command = u"radiogroup";
-  record.argument = u"~btwo";
-  two->info->checked = 1;
-  Send(message::kCommand, 0, &record);
-  EXPECT_EQ(two->info->checked, 1U) << "without a source";
-}
-
-// What handlers may do in the middle of things.
-class Reentrancy : public Commands {
- protected:
-  Reentrancy() {
-    for (int i = 0; i < 4; ++i) Say(*one, {u"word:" + String(1, static_cast<Char>(u'0' + i))});
-  }
-};
-
-TEST_F(Reentrancy, RecordsPostedDuringADeliveryWaitForTheNext) {
-  listener.onRecord = [this](std::uint32_t, GuiMessage& record) {
-    record.handled = 1;
-    if (record.command == u"word") gui->AddRenderPage(0);
-  };
-  Click(*one);
-  EXPECT_EQ(gui->GetRenderPages().size(), 1U) << "the one shown at first";
-  Deliver();
-  EXPECT_EQ(gui->GetRenderPages().size(), 5U);
-  EXPECT_EQ(listener.records.size(), 8U);
-}
-
-TEST_F(Reentrancy, AFrameInsideADeliveryKeepsTheFlagsWithTheirRecords) {
-  listener.onRecord = [this](std::uint32_t, GuiMessage& record) {
-    record.handled = record.argument != u"2";
-    Send(message::kFrame);  // purges
-    Deliver();              // a delivery inside a delivery does nothing
-  };
-  Click(*one);
-  EXPECT_EQ(listener.records.size(), 4U);
-  listener.records.clear();
-  listener.onRecord = {};
-  Deliver();
-  EXPECT_EQ(listener.Texts(), (Words{u"word:2"}));
-}
-
-TEST_F(Reentrancy, ResetEndsTheDelivery) {
-  listener.onRecord = [this](std::uint32_t, GuiMessage&) { gui->Reset(); };
-  Click(*one);
-  EXPECT_EQ(listener.Texts(), (Words{u"word:0"}));
-}
-
-TEST_F(Reentrancy, AHandlerThatThrowsLocksNothing) {
+TEST_F(Commands, WaitOnWhenAHandlerThrows) {
   listener.onRecord = [](std::uint32_t, GuiMessage&) { throw 1; };
-  EXPECT_THROW(Click(*one), int);
+  EXPECT_THROW(ClickWith({u"word:0", u"word:1"}), int);
   System::daemon->RemoveHandler(&listener, category::kAll);
   System::daemon->AddHandler(&listener, 0x80000000U);
   listener.records.clear();
   listener.onRecord = [](std::uint32_t, GuiMessage& record) { record.handled = 1; };
   Deliver();
-  EXPECT_EQ(listener.Texts(), (Words{u"word:0", u"word:1", u"word:2", u"word:3"}));
+  EXPECT_EQ(listener.Texts(), (Words{u"word:0", u"word:1"}));
 }
 
-TEST_F(Reentrancy, ResetReleaseAndLoadInsideADelivery) {
-  AddText(u"gui.txt", u"name s.txt");
-  const std::function<void()> deeds[] = {[this] { gui->Reset(); }, [this] { gui->Release(); },
-                                         [this] { gui->Load(u"gui.txt", &engine.camera); }};
-  for (const auto& deed : deeds) {
-    if (gui->GetPageCount() == 0) OpenPage(u"s.txt");
-    gui->SetViewport(&engine.viewport);
-    ShowOnly(0);
-    one = Find(u"~bone");
-    one->info->messages.clear();
-    Say(*one, {u"first:", u"un/checked:~btwo", u"addrenderpage:s.glb", u"last:"});
-    bool done = false;
-    listener.onRecord = [&](std::uint32_t, GuiMessage& record) {
-      if (record.command == u"first" && !done) deed();
-      done = true;
-      record.handled = 1;
-    };
-    Click(*one);
-    Frame();
-    DrawPages();
-  }
+TEST_F(Commands, MayReleaseTheGui) {
+  listener.onRecord = [this](std::uint32_t, GuiMessage&) { gui->Release(); };
+  ClickWith({u"first:", u"un/checked:~btwo", u"addrenderpage:s.glb", u"last:"});
+  Frame();
+  DrawPages();
+  EXPECT_EQ(gui->GetPageCount(), 0U);
 }
 
-TEST_F(Reentrancy, RecordsOfPagesThatAreGoneNameNobody) {
-  Say(*one, {u"un/checked:~btwo", u"late:"});
+TEST_F(Commands, OfTheGoneNameNobody) {
+  auto& list = dynamic_cast<ICGUIList&>(*Find(u"~llist"));
+  Say(*one, {u"un/checked:~btwo", u"radiogroup:~btwo"});
+  Aim({0, -17, -1});
+  Post();
+  list.Clear();
   Hover(*one);
-  Press();
-  ReleaseButton();
-  Send(message::kFrame);
+  Post();
   gui->Release();
   OpenPage(u"s.txt");
+  Find(u"~btwo")->info->checked = 1;
   Deliver();
-  for (const auto& entry : listener.records) {
-    EXPECT_EQ(entry.record.source, nullptr);
-    EXPECT_EQ(entry.record.page, nullptr);
-  }
-  EXPECT_EQ(Find(u"~btwo")->info->checked, 0U);
-}
-
-TEST_F(Reentrancy, RecordsOfListEntriesThatAreGoneNameNobody) {
-  base::SceneData scene;
-  const std::int32_t node = base::AddNode(scene, u"~llist");
-  base::AddBox(scene, u"list", node, {}, {30, 30, 1});
-  OpenScene(std::move(scene), {}, u"l");
-  auto& list = dynamic_cast<ICGUIList&>(*Find(u"~llist", 2));
-  for (int i = 0; i < 40; ++i) {
-    Say(*list.AddItem(), {u"un/checked:~btwo"});
-  }
-  Hover(list);
-  ReleaseButton();
-  Send(message::kFrame);
-  std::vector<std::uint32_t> selected;
-  ASSERT_EQ(list.GetSelectedIndices(selected).size(), 1U) << "a click on the middle of the box";
-  list.Clear();
-  Deliver();
-  ASSERT_EQ(listener.records.size(), 1U);
-  EXPECT_EQ(listener.records[0].record.source, nullptr);
-  EXPECT_EQ(two->info->checked, 0U);
+  ASSERT_EQ(listener.records.size(), 7U) << "setpage are four";
+  EXPECT_EQ(listener.records[6].record.page, nullptr);
+  for (const auto& entry : listener.records) EXPECT_EQ(entry.record.source, nullptr) << Narrow(entry.record.command);
+  EXPECT_EQ(Find(u"~btwo")->info->checked, 1U);
 }
 
 }  // namespace

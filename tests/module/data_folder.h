@@ -21,13 +21,18 @@ inline std::string Encoded(StringView text) {
   return bytes + std::string(3, '\0');
 }
 
-// With lines that people can compare when it is not so.
-inline void ExpectText(const std::string& bytes, StringView text) {
+// The text up to those.
+inline String Decoded(const std::string& bytes) {
   String units;
   for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
     units += static_cast<Char>(static_cast<std::uint8_t>(bytes[i]) | static_cast<std::uint8_t>(bytes[i + 1]) << 8);
   }
-  EXPECT_EQ(Narrow(units.substr(0, units.find(u'\0'))), Narrow(text));
+  return units.substr(0, units.find(u'\0'));
+}
+
+// With lines that people can compare when it is not so.
+inline void ExpectText(const std::string& bytes, StringView text) {
+  EXPECT_EQ(Narrow(Decoded(bytes)), Narrow(text));
   EXPECT_TRUE(bytes == Encoded(text));
 }
 
@@ -47,12 +52,6 @@ class DataFolder : public TemporaryFolder {
 
 class SavingTest : public GuiTest {
  protected:
-  // What was saved under that name becomes a file that the engine can read.
-  void MakeReadable(const String& file) {
-    const std::string bytes = BytesOf(folder / base::ToUtf8(file));
-    engine.files.Add(file, {bytes.begin(), bytes.end()});
-  }
-
   [[nodiscard]] std::vector<std::string> FilesIn(const std::filesystem::path& place) const {
     std::vector<std::string> names;
     std::error_code none;

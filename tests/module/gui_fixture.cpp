@@ -1,6 +1,7 @@
 #include "tests/module/gui_fixture.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "engine/mesh.h"
 #include "engine/msg_daemon.h"
@@ -136,12 +137,22 @@ std::optional<GuiTest::Picked> GuiTest::PickAt(base::Point client, std::uint32_t
   return Picked(result->hovered, result->clicked);
 }
 
-std::vector<std::string> GuiTest::CallNames(const std::vector<std::string_view>& beginnings) const {
-  std::vector<std::string> names;
+std::vector<std::string> GuiTest::CallTexts(const std::vector<std::string_view>& beginnings) const {
+  std::vector<std::string> texts;
   for (const base::Call& call : engine.calls) {
     const auto begins = [&call](std::string_view beginning) { return call.name.starts_with(beginning); };
-    if (std::ranges::any_of(beginnings, begins)) names.push_back(call.name);
+    if (!std::ranges::any_of(beginnings, begins)) continue;
+    std::ostringstream text;
+    text << std::boolalpha << call.name;
+    for (const auto& argument : call.arguments) std::visit([&](const auto& value) { text << ' ' << value; }, argument);
+    texts.push_back(text.str());
   }
+  return texts;
+}
+
+std::vector<std::string> GuiTest::CallNames(const std::vector<std::string_view>& beginnings) const {
+  std::vector<std::string> names = CallTexts(beginnings);
+  for (std::string& name : names) name = name.substr(0, name.find(' '));
   return names;
 }
 

@@ -116,7 +116,9 @@ class GuiTest : public ::testing::Test {
   static void Say(ICGUIObject& widget, const std::vector<String>& messages);
 
   ICGUIObject* Find(const String& name, std::uint32_t page = 0) const { return gui->FindObject(page, name.c_str()); }
-  // The names of the engine's calls that begin with one of these, in order.
+  // The engine's calls whose names begin with one of these, in order: each with its arguments as a line, or names
+  // alone.
+  [[nodiscard]] std::vector<std::string> CallTexts(const std::vector<std::string_view>& beginnings) const;
   [[nodiscard]] std::vector<std::string> CallNames(const std::vector<std::string_view>& beginnings) const;
 
   // Whether the node is drawn by the last frame of `DrawPages`.

@@ -4,6 +4,8 @@
 namespace qen::test {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 class Loading : public GuiTest {
  protected:
   Loading() {
@@ -11,7 +13,8 @@ class Loading : public GuiTest {
             u"lang english { str1 Play str007 \"Two words\" str2 a\\nb\\\\\\tc str1 Again strx zero str-3 minus }\n"
             u"lang german { str1 Spielen str5 \"}\" str6 lost }\n"
             u"lang english { str1 Third str9 Nine }\n");
-    AddText(u"style.txt", u"texture panel.png color_normal ff8040 font Serif { height -20 italic 255 }");
+    AddText(u"style.txt", u"texture panel.png color_normal ff8040 font Serif { height -20 width 3 italic 255 }");
+    AddText(u"short.txt", u"");
     engine.AddPictureFile(u"panel.png");
     AddButtonPage(u"menu", {u"ok"}, u"item ~bok { tooltip 7 }");
   }
@@ -24,178 +27,99 @@ class Loading : public GuiTest {
   }
 };
 
-TEST_F(Loading, ShowsItsProgress) {
-  EXPECT_TRUE(LoadText(u"lang texts.txt name menu.txt tool style.txt"));
-  EXPECT_EQ(engine.log,
-            (Words{u"Gui: Parsing gui language ...", u"Gui: Parsing gui language done [0.0 sec]...",
-                   u"Gui: Parsing gui pages ...", u"... [0.0 sec]", u"Gui: Parsing gui pages done [0.0 sec]..."}));
-  EXPECT_TRUE(engine.errors.empty());
-}
-
-TEST_F(Loading, AnswersAsItsLastKeyDid) {
-  AddText(u"short.txt", u"");
-  struct Row {
-    StringView text;
-    bool result;
-    std::uint32_t pages;
-  };
-  const Row rows[] = {{u"", true, 0},
-                      {u"lang texts.txt", true, 0},
-                      {u"name missing.txt", true, 1},
-                      {u"tool missing.txt", true, 0},
-                      {u"tool short.txt", false, 0},
-                      {u"tool short.txt name menu.txt", true, 1},
-                      {u"name", true, 1},
-                      {u"name tool short.txt", false, 1},
-                      {u"\uFEFFname menu.txt", true, 0},
-                      {u"bagname missing.txt", true, 1}};
-  for (const Row& row : rows) {
-    EXPECT_EQ(LoadText(row.text), row.result) << Narrow(row.text);
-    EXPECT_EQ(gui->GetPageCount(), row.pages) << Narrow(row.text);
+TEST_F(Loading, AddsThePagesAndFailsWithAStyleThatIsTooShort) {
+  const std::pair<StringView, std::uint32_t> rows[] = {{u"", 0},
+                                                       {u"lang texts.txt", 0},
+                                                       {u"name missing.txt name menu.txt", 2},
+                                                       {u"tool missing.txt", 0},
+                                                       {u"tool short.txt", 0},
+                                                       {u"tool short.txt name menu.txt", 1},
+                                                       {u"name", 1},
+                                                       {u"name tool short.txt", 1},
+                                                       {u"\uFEFFname menu.txt", 0},
+                                                       {u"bagname missing.txt", 1}};
+  for (const auto& [text, pages] : rows) {
+    EXPECT_EQ(LoadText(text), !text.ends_with(u"short.txt")) << Narrow(text);
+    EXPECT_EQ(gui->GetPageCount(), pages) << Narrow(text);
     gui->Release();
   }
-  EXPECT_FALSE(gui->Load(u"no such file", &engine.camera));
-  EXPECT_FALSE(gui->Load(nullptr, nullptr));
+  EXPECT_FALSE(gui->Load(u"no such file", &engine.camera) || gui->Load(nullptr, nullptr));
 }
 
-TEST_F(Loading, ASecondLoadAddsPagesAndForgetsUndoAndStyle) {
-  LoadText(u"name menu.txt tool style.txt");
-  ShowOnly(0);
-  gui->GetRenderPages().clear();
-  gui->SetPage(0);
-  Deliver();
-  LoadText(u"name menu.txt");
-  EXPECT_EQ(gui->GetPageCount(), 2U);
-  Say(*Find(u"~bok"), {u"undopage"});
-  Click(*Find(u"~bok"));
-  EXPECT_EQ(gui->GetRenderPages(), std::vector<std::uint32_t>{0}) << "as the page was set";
-  engine.calls.clear();
-  gui->CreateStyleResources();
-  EXPECT_TRUE(engine.CallsOf("FontManager::CreateEx").empty());
+TEST_F(Loading, TellsHowLongItTakes) {
+  Words log;
+  engine.engine.SetLogSink([&](StringView line, bool isError) {
+    engine.clock.Advance(1.26);
+    log.push_back(String(isError ? u"error: " : u"") + String(line));
+  });
+  LoadText(u"lang texts.txt name menu.txt tool style.txt");
+  engine.engine.SetLogSink([](StringView, bool) {});
+  EXPECT_EQ(log, (Words{u"Gui: Parsing gui language ...", u"Gui: Parsing gui language done [0.0 sec]...",
+                        u"Gui: Parsing gui pages ...", u"... [0.0 sec]", u"Gui: Parsing gui pages done [1.3 sec]..."}));
 }
 
 TEST_F(Loading, ReadsTheTextsOfOneLanguage) {
+  const auto texts = [this](std::initializer_list<std::int32_t> ids) {
+    String all;
+    for (const std::int32_t id : ids) all += gui->GetText(id) + u"|";
+    return all;
+  };
   LoadText(u"lang nothing.txt lang texts.txt");
   EXPECT_EQ(gui->GetLanguages(), (Words{u"english", u"german", u"english"}));
-  EXPECT_EQ(gui->GetLanguage(), u"english");
-  const std::pair<std::int32_t, StringView> english[] = {{1, u"Play"}, {7, u"Two words"}, {2, u"a\nb\\\tc"},
-                                                         {9, u"Nine"}, {0, u"zero"},      {5, u"N/A"},
-                                                         {-3, u"N/A"}, {-1, u"N/A"},      {100000, u"N/A"}};
-  for (const auto& [id, words] : english) EXPECT_EQ(gui->GetText(id), words) << id;
-  EXPECT_TRUE(gui->SetLanguageText(1, u"Go\\n"));
-  EXPECT_EQ(gui->GetText(1), u"Go\\n");
-  EXPECT_FALSE(gui->SetLanguageText(5, u"x"));
-  EXPECT_FALSE(gui->SetLanguageText(-1, u"x"));
-
+  EXPECT_EQ(texts({1, 7, 2, 9, 0, 5, -3, -1}), u"Play|Two words|a\nb\\\tc|Nine|zero|N/A|N/A|N/A|");
+  EXPECT_TRUE(gui->SetLanguageText(1, u"Go\\n") && gui->SetLanguageText(0, u"0"));
+  EXPECT_FALSE(gui->SetLanguageText(5, u"x") || gui->SetLanguageText(-1, u"x") || gui->SetLanguageText(-3, u"x"));
+  EXPECT_EQ(texts({1, 0}), u"Go\\n|0|");
   gui->SetLanguage(u"german");
-  EXPECT_EQ(gui->GetText(1), u"Spielen");
-  EXPECT_EQ(gui->GetText(5), u"}");
-  EXPECT_EQ(gui->GetText(6), u"N/A") << "a text that reads } ends the section";
+  EXPECT_EQ(texts({1, 5, 6}), u"Spielen|}|N/A|") << "a text that reads } ends the section";
   gui->SetLanguage(u"Klingon");
   EXPECT_TRUE(gui->IsTextTableEmpty());
-  EXPECT_TRUE(gui->GetTexts().empty());
-}
-
-TEST_F(Loading, IsNotDeactivatedByWhoHearsOfAFault) {
-  AddText(u"bare.txt", u"texture none.png");
-  std::vector<String> heard;
-  engine.engine.SetLogSink([&](StringView line, bool) {
-    heard.emplace_back(line);
-    if (heard.size() == 1) module.Export<DeactivateDllFunction>(kDeactivateDll)();
-  });
-  EXPECT_TRUE(gui->LoadStyle(u"bare.txt"));
-  engine.engine.SetLogSink([](StringView, bool) {});
-  EXPECT_EQ(heard, (Words{u"Can't load texture none.png", u"Gui is busy: not deactivated"}));
 }
 
 TEST_F(Loading, MakesTheStyleFromItsFile) {
-  LoadText(u"tool style.txt");
-  EXPECT_EQ(gui->GetStyleColor(), 0xFF8040U);
-  EXPECT_EQ(StringView(gui->GetStyleFont().lfFaceName), u"Serif");
-  EXPECT_EQ(gui->GetStyleFont().lfHeight, -20);
-  EXPECT_EQ(gui->GetStyleFont().lfWeight, 700) << "a default";
-  EXPECT_EQ(gui->GetStyleTexture(), u"panel.png");
-  const std::vector<base::Call> fonts = engine.CallsOf("FontManager::CreateEx");
-  ASSERT_EQ(fonts.size(), 1U);
-  EXPECT_EQ(std::get<bool>(fonts[0].arguments[4]), true) << "italic";
-  AddText(u"plain.txt", u"texture panel.png font Mono { italic 1 }");
-  gui->LoadStyle(u"plain.txt");
-  EXPECT_EQ(CallNames({"TextureManager"}),
-            (std::vector<std::string>{"TextureManager::Load", "TextureManager::Destroy", "TextureManager::Load"}))
-      << "the picture is read anew";
-  EXPECT_EQ(gui->GetStyleFont().lfHeight, -18);
-  EXPECT_EQ(std::get<bool>(engine.CallsOf("FontManager::CreateEx").back().arguments[4]), false);
+  AddText(u"all.txt", u"color_normal ff8040 font Serif { height -20 width 3 italic 255 }");
+  AddText(u"long.txt", u"font " + String(100, u'x'));
+  gui->LoadStyle(u"all.txt");
+  gui->LoadStyle(u"long.txt");
+  const Lines made = CallTexts({"FontManager::CreateEx"});
+  EXPECT_TRUE(made.at(0).starts_with("FontManager::CreateEx Serif -20 3 700 true 1 "));
+  EXPECT_TRUE(made.at(1).starts_with("FontManager::CreateEx " + std::string(31, 'x') + " -18 0 700 false 1 "));
   EXPECT_EQ(gui->GetStyleColor(), 0xFF8040U) << "kept from before";
-  const String longFace(100, u'x');
-  AddText(u"long.txt", u"font " + longFace);
-  EXPECT_TRUE(gui->LoadStyle(u"long.txt"));
-  EXPECT_EQ(StringView(gui->GetStyleFont().lfFaceName), longFace.substr(0, 31));
 }
 
-class Tooltip : public Loading {
- protected:
-  Tooltip() {
-    LoadText(u"lang texts.txt name menu.txt tool style.txt");
-    ShowOnly(0);
-    Frame();
-  }
-
-  // The quads and texts that the overlay draws.
-  std::size_t Drawn() {
+TEST_F(Loading, ShowsATooltipAfterASecondOfRestAboveTheCursorAndInTheViewport) {
+  LoadText(u"lang texts.txt name menu.txt tool style.txt");
+  ShowOnly(0);
+  gui->SetLanguageText(1, u"x");
+  gui->SetLanguageText(9, u"xy");
+  const auto drawn = [this] {
     engine.calls.clear();
     engine.Draw([this] { gui->DrawTooltip(&engine.viewport); });
-    return engine.CallsOf("Drawing::DrawQuad2D").size() + engine.CallsOf("Drawing::DrawText2D").size();
-  }
-};
-
-TEST_F(Tooltip, AppearsAfterASecondOfRest) {
-  Hover(*Find(u"~bok"));
-  Frame(0.1);
-  for (int i = 0; i < 9; ++i) Frame(0.1);
-  EXPECT_EQ(Drawn(), 0U);
-  Frame(0.1);
-  Frame(0.1);
-  ASSERT_EQ(Drawn(), 2U);
-  const base::Call text = engine.CallsOf("Drawing::DrawText2D")[0];
-  EXPECT_EQ(std::get<std::string>(text.arguments.back()), "Two words");
-  Send(message::kMouseMove);
-  EXPECT_EQ(Drawn(), 0U) << "a move message starts the second anew";
-}
-
-TEST_F(Tooltip, FollowsTheTextAndTheStyle) {
-  Hover(*Find(u"~bok"));
-  Frame(1.0);
-  Frame(1.0);
-  Frame(1.0);
-  struct Row {
-    std::int32_t id;
-    std::size_t drawn;
+    std::string all;
+    for (const std::string& line : CallTexts({"Drawing::DrawQuad2D", "Drawing::DrawText2D"})) {
+      all += line.substr(line.find(' ') + 1) + "; ";
+    }
+    return all;
   };
-  gui->SetLanguageText(7, u"x");
-  for (const Row& row : {Row{7, 0}, {1, 2}, {-1, 0}, {500, 2}}) {
-    gui->SetTooltip(row.id);
-    EXPECT_EQ(Drawn(), row.drawn) << row.id;
-  }
-  gui->SetTooltip(1);
-  gui->LoadStyle(u"s");
-  EXPECT_EQ(Drawn(), 0U) << "a style file name of one character is none";
-}
-
-TEST_F(Tooltip, StaysBesideTheCursor) {
-  for (const std::int32_t x : {0, 400, 800}) {
+  // The background is half a "W" wider than the text on either side.
+  const std::tuple<std::int32_t, std::int32_t, std::string> rows[] = {
+      {0, 7, "-5 280 95 300 4294967295; 0 280 4282417407 Two words; "},
+      {800, 7, "705 280 805 300 4294967295; 710 280 4282417407 Two words; "},
+      {0, 9, "-5 280 25 300 4294967295; 0 280 4282417407 xy; "},
+      {0, 1, ""},  // of one character
+      {0, -1, ""}};
+  for (const auto& [x, id, wanted] : rows) {
     gui->SetCursor(x, 300);
-    for (int i = 0; i < 3; ++i) Frame(1.0);
-    gui->SetTooltip(1);
-    ASSERT_EQ(Drawn(), 2U);
-    const base::Call text = engine.CallsOf("Drawing::DrawText2D")[0];
-    const base::Call quad = engine.CallsOf("Drawing::DrawQuad2D")[0];
-    const auto left = std::get<std::int64_t>(text.arguments[0]);
-    EXPECT_LE(left, x);
-    EXPECT_EQ(std::get<std::int64_t>(quad.arguments[3]), 300);
-    EXPECT_EQ(std::get<std::int64_t>(quad.arguments[1]), std::get<std::int64_t>(text.arguments[1]));
-    EXPECT_EQ(left == x, x == 0) << "starts at the cursor at the left edge only";
-    EXPECT_LT(std::get<std::int64_t>(quad.arguments[0]), left);
+    for (int i = 0; i < 12; ++i) {
+      Frame(0.1);
+      gui->SetTooltip(id);
+      EXPECT_TRUE(i >= 10 || drawn().empty()) << i;
+    }
+    EXPECT_EQ(drawn(), wanted) << id;
   }
+  gui->SetTooltip(7);
+  gui->LoadStyle(u"s");
+  EXPECT_EQ(drawn(), "") << "a style file name of one character is none";
 }
 
 }  // namespace

@@ -1,220 +1,225 @@
-// Page commands: expansion, order, waiting, undo.
-#include "engine/system.h"
+// The page lists, their commands and the queue beside a model of them, through whatever game and user may do.
+#include <algorithm>
+#include <map>
+#include <random>
+
 #include "tests/module/gui_fixture.h"
-#include "tests/module/widget_scenes.h"
 
 namespace qen::test {
 namespace {
 
 using Pages = std::vector<std::uint32_t>;
 
-// Pages a.glb, b.glb, c.glb and d.glb, each with the button "~bgo"; a animates out for half a second, b in.
-class Navigation : public GuiTest {
- protected:
-  Navigation() {
-    engine.AddAnimation(u"move.glb", base::MoveNode(u"~bgo", {}, {0, 10, 0}, 0.5F));
-    AddButtonPage(u"a", {u"go"}, u"anim_out move.glb item ~bgo { message setpage:b.glb }");
-    AddButtonPage(u"b", {u"go"}, u"anim_in move.glb item ~bgo { message undopage: }");
-    AddButtonPage(u"c", {u"go"});
-    AddButtonPage(u"d", {u"go"});
-    for (const StringView file : {u"a.txt", u"b.txt", u"c.txt", u"d.txt"}) OpenPage(String(file));
+constexpr std::uint32_t kPages = 5;  // "a.glb" to "d.glb", and one that does not load
+
+String NameOf(std::uint32_t page) { return page < 4 ? String{static_cast<Char>(u'a' + page)} + u".glb" : String(); }
+
+struct Model {
+  static constexpr int kFrames = 4;  // that half a second takes, of a fifth of a second each
+  explicit Model(std::function<void(GuiMessage&)> game) : offer(std::move(game)) {}
+
+  void Post(const GuiMessage& record) {
+    if (record.command == u"setpage") {
+      RemoveActive(record, true);
+      for (const StringView word : {u"removeallfromrender", u"addrenderpage", u"addactivepage"}) {
+        Append(record, word, record.argument);
+      }
+    } else if (record.command != u"undopage") {
+      queue.push_back(std::make_shared<GuiMessage>(record));
+      queue.back()->snapshot = 1;
+    } else if (!undo.empty()) {
+      const auto [wereActive, wereRendered] = undo.back();
+      undo.pop_back();
+      RemoveActive(record, false);
+      Append(record, u"removeallfromrender", record.argument);
+      for (const std::uint32_t page : wereRendered) Append(record, u"addrenderpage", NameOf(page));
+      for (const std::uint32_t page : wereActive) Append(record, u"addactivepage", NameOf(page));
+    }
   }
 
-  Pages Active() { return gui->GetActivePages(); }
-  Pages Rendered() { return gui->GetRenderPages(); }
+  void Deliver() {
+    reset = false;
+    for (const std::shared_ptr<GuiMessage>& record : std::vector(queue)) {
+      if (reset) return;
+      if (moving[record->page].second == 0) CarryOut(*record);
+      offer(*record);
+    }
+    std::erase_if(queue, [](const auto& record) { return record->handled != 0; });
+  }
 
-  void ActivateButton(std::uint32_t page) {
-    MoveTo({-1000, -1000});
-    Click(*gui->GetPage(page)->items[0]);
+  void Reset() {
+    reset = true;
+    queue.clear();
+    active.clear();
+    rendered.clear();
+  }
+
+  std::vector<ICGUIPageObject*> pages;
+  Pages active;
+  Pages rendered;
+  std::vector<std::pair<Pages, Pages>> undo;
+  std::vector<std::shared_ptr<GuiMessage>> queue;
+  std::map<const ICGUIPageObject*, std::pair<ICGUIAnim*, int>> moving;  // and for how many frames more
+  bool quiet = false;
+  bool reset = false;
+  std::function<void(GuiMessage&)> offer;
+
+ private:
+  void Append(const GuiMessage& origin, StringView word, const String& argument, bool snapshot = false) {
+    queue.push_back(std::make_shared<GuiMessage>(origin));
+    queue.back()->command = word;
+    queue.back()->argument = argument;
+    queue.back()->snapshot = snapshot ? 1 : 0;
+    queue.back()->origin = 1;
+  }
+
+  void RemoveActive(const GuiMessage& origin, bool snapshot) {
+    for (std::size_t i = active.size(); i-- > 0;) {
+      Append(origin, u"remactivepage", NameOf(active[i]), snapshot && i + 1 == active.size());
+    }
+  }
+
+  void CarryOut(GuiMessage& record) {
+    const StringView word = record.command;
+    const bool adds = word.starts_with(u"add");
+    const bool activates = word.ends_with(u"activepage");
+    if (word == u"removeallfromrender") rendered.clear();
+    record.handled = word == u"removeallfromrender" || activates || word.ends_with(u"renderpage") ? 1 : 0;
+    if (record.handled == 0 || word == u"removeallfromrender") return;
+    if (record.snapshot != 0) undo.emplace_back(active, rendered);
+    std::uint32_t page = 0;
+    while (page < 4 && NameOf(page) != record.argument) ++page;
+    if (page == 4) return;
+    if (activates && !quiet) Move(page, adds);
+    Pages& list = activates ? active : rendered;
+    const auto found = std::ranges::find(list, page);
+    if (!adds && found == list.end()) return;
+    adds ? list.insert(list.end(), page) : list.erase(found);
+  }
+
+  void Move(std::uint32_t index, bool in) {
+    const ICGUIPageObject& page = *pages[index];
+    const std::int32_t animation = in ? page.animIn : page.animOut;
+    if (animation < 0 || moving[&page].second > 0) return;
+    moving[&page] = {page.anims[static_cast<std::size_t>(animation)], kFrames};
   }
 };
 
-TEST_F(Navigation, SetPageIsExpandedWhenItIsPosted) {
-  gui->GetActivePages() = {0, 3};
-  gui->GetRenderPages() = {3, 0, 2};
-  gui->SetPage(2);
-  EXPECT_EQ(Active(), (Pages{0, 3})) << "nothing happens before the delivery";
-  Deliver();
-  EXPECT_EQ(listener.Texts(), (Words{u"remactivepage:d.glb", u"remactivepage:a.glb", u"removeallfromrender:c.glb",
-                                     u"addrenderpage:c.glb", u"addactivepage:c.glb"}));
-  std::vector<int> snapshots;
-  for (const auto& entry : listener.records) {
-    snapshots.push_back(entry.record.snapshot);
-    EXPECT_EQ(entry.record.origin, 1);
-    EXPECT_EQ(entry.record.page, gui->GetPage(2));
-    EXPECT_EQ(entry.id, message::kCommand);
+class Navigation : public GuiTest {
+ protected:
+  Navigation() {
+    engine.AddAnimation(u"move.glb", base::MoveNode(u"normal_go", {}, {0, 2, 0}, 0.5F));
+    // Each "~bgo" is at a place of its own.
+    AddButtonPage(u"a", {u"go"}, u"anim_out move.glb anim_in move.glb");
+    AddButtonPage(u"b", {u"x", u"go"}, u"anim_out move.glb");
+    AddButtonPage(u"c", {u"x", u"y", u"go"}, u"anim_in move.glb");
+    AddButtonPage(u"d", {u"x", u"y", u"z", u"go"});
+    for (const String file : {u"a.txt", u"b.txt", u"c.txt", u"d.txt", u"none.txt"})
+      model.pages.push_back(OpenPage(file));
+    listener.onRecord = [this](std::uint32_t, GuiMessage& record) { Offer(record, false); };
   }
-  EXPECT_EQ(snapshots, (std::vector<int>{1, 0, 0, 0, 0}));
-  EXPECT_EQ(Active(), (Pages{2}));
-  EXPECT_EQ(Rendered(), (Pages{2}));
 
-  listener.records.clear();
-  gui->GetPage(0)->StopAnims();
-  Say(*gui->GetPage(2)->items[0], {u"undopage"});
-  ActivateButton(2);
-  EXPECT_EQ(listener.Texts(),
-            (Words{u"remactivepage:c.glb", u"removeallfromrender:", u"addrenderpage:d.glb", u"addrenderpage:a.glb",
-                   u"addrenderpage:c.glb", u"addactivepage:a.glb", u"addactivepage:d.glb"}));
-  EXPECT_EQ(Active(), (Pages{0, 3}));
-  EXPECT_EQ(Rendered(), (Pages{3, 0, 2}));
-  EXPECT_TRUE(gui->IsActivePage(3) && gui->IsRenderPage(2));
-  EXPECT_FALSE(gui->IsActivePage(2) || gui->IsRenderPage(1));
-  ShowOnly(2);
-  ActivateButton(2);
-  EXPECT_EQ(Active(), (Pages{2})) << "the stack is empty again";
-}
-
-TEST_F(Navigation, TheRestWaitsForTheExitAnimation) {
-  ShowOnly(0);
-  listener.onRecord = {};
-  ActivateButton(0);
-  EXPECT_TRUE(Active().empty());
-  EXPECT_EQ(Rendered(), (Pages{0})) << "the old page is seen to the end";
-  listener.records.clear();
-  for (int i = 0; i < 3; ++i) {
-    Frame(0.1);
-    EXPECT_EQ(Rendered(), (Pages{0}));
+  // The game: keeps what it is told, and reacts to some of it.
+  void Offer(GuiMessage& record, bool byModel) {
+    std::string told = Narrow(record.text) + "=" + Narrow(record.command) + ":" + Narrow(record.argument);
+    if (record.source != nullptr) told += " from " + Narrow(record.source->GetPage()->baseName);
+    if (record.page != nullptr) told += " on " + Narrow(record.page->baseName);
+    if (record.snapshot != 0) told += " snapshot";
+    if (record.origin != 0) told += " own";
+    (byModel ? wanted : offered).push_back(told + (record.handled != 0 ? " handled" : ""));
+    if (record.command == u"play") record.handled = gameTakes ? 1 : 0;
+    if (record.command == u"more") byModel ? model.Post(OwnRecord(u"addrenderpage", 1)) : void(gui->AddRenderPage(1));
+    if (record.command == u"reset") byModel ? model.Reset() : gui->Reset();
+    if (record.command == u"frame" && !byModel) {
+      Send(message::kFrame);
+      Deliver();  // inside a delivery: does nothing
+    }
+    if (record.command == u"more" || record.command == u"frame" || record.command == u"reset") record.handled = 1;
   }
-  EXPECT_EQ(listener.records.size(), 9U) << "three records, offered three times";
-  Frame(0.4);
-  Frame();
-  EXPECT_EQ(Rendered(), (Pages{1}));
-  EXPECT_EQ(Active(), (Pages{1}));
-  EXPECT_NE(gui->GetPage(1)->GetPlayingAnim(), nullptr) << "and the new one comes in";
-  Frame(1.0);
-  ActivateButton(1);
-  EXPECT_EQ(Active(), (Pages{0})) << "and back";
-  EXPECT_EQ(Rendered(), (Pages{0}));
-}
 
-TEST_F(Navigation, ACommandOfAListEntryWaitsForItsListsPage) {
-  base::SceneData scene;
-  AddList(scene, u"long");
-  OpenScene(std::move(scene), u"anim_out move.glb item ~llong { listitem { message setpage:b.glb } }", u"l");
-  Aim({0, 13, -1});
-  ClickHere();
-  EXPECT_EQ(Rendered(), (Pages{4})) << "the list's page is seen to the end";
-  Frame(1.0);
-  Frame();
-  EXPECT_EQ(Rendered(), (Pages{1}));
-}
-
-TEST_F(Navigation, AnEmptyNameNamesNoPage) {
-  OpenPage(u"missing.txt");
-  gui->AddActivePage(77);
-  gui->AddRenderPage(77);
-  Deliver();
-  EXPECT_TRUE(Active().empty());
-  EXPECT_TRUE(Rendered().empty());
-}
-
-// Everything that a page change asks of the engine, from the click to the entrance of the new page.
-TEST_F(Navigation, AChangeOfPagesPlaysInItsOrder) {
-  engine.AddSound(u"in.wav");
-  engine.AddSound(u"out.wav");
-  engine.AddSound(u"click.wav");
-  AddButtonPage(u"from", {u"go"},
-                u"anim_out move.glb onclickwav click.wav onanimoutwav out.wav item ~bgo { message setpage:to.glb }");
-  AddButtonPage(u"to", {u"go"}, u"anim_in move.glb onaniminwav in.wav");
-  const std::uint32_t from = gui->GetPageCount();
-  OpenPage(u"from.txt");
-  OpenPage(u"to.txt");
-  ShowOnly(from);
-  Hover(*gui->GetPage(from)->items[0]);
-  Frame();
-  engine.calls.clear();
-  ReleaseButton();
-  for (int i = 0; i < 5; ++i) Frame(0.2);
-
-  std::vector<std::string> story;
-  for (const base::Call& call : engine.calls) {
-    for (const std::string_view name : {"AnimCtrl::PlayAnimation", "ISound::Play", "ISceneMng::DisableScene"}) {
-      if (call.name == name) story.push_back(call.name);
-    }
-    if (call.name == "MsgDaemon::ProcMsg" && std::get<std::int64_t>(call.arguments[0]) == message::kFrame) {
-      story.emplace_back("frame");
-    }
-  }
-  EXPECT_EQ(engine.sound.played, (std::vector<std::string>{"click.wav", "out.wav", "in.wav"}));
-  EXPECT_EQ(story, (std::vector<std::string>{"frame", "ISound::Play", "AnimCtrl::PlayAnimation", "ISound::Play",
-                                             "frame", "frame", "frame", "frame", "ISceneMng::DisableScene",
-                                             "AnimCtrl::PlayAnimation", "ISound::Play"}));
-}
-
-TEST_F(Navigation, ListOperationsFollowTheirLetter) {
-  engine.calls.clear();
-  gui->AddRenderPage(2);
-  gui->AddRenderPage(2);
-  gui->AddActivePage(3);
-  gui->AddActivePage(3);
-  Deliver();
-  EXPECT_EQ(Rendered(), (Pages{2, 2}));
-  EXPECT_EQ(Active(), (Pages{3, 3}));
-  gui->RemRenderPage(2);
-  gui->RemActivePage(3);
-  gui->RemRenderPage(0);
-  gui->AddRenderPage(0xFFFFFFFF);
-  Deliver();
-  EXPECT_EQ(Rendered(), (Pages{2}));
-  EXPECT_EQ(Active(), (Pages{3}));
-  gui->SetPage(77);
-  Deliver();
-  EXPECT_TRUE(Active().empty());
-  EXPECT_TRUE(Rendered().empty());
-}
-
-TEST_F(Navigation, DrawnPagesAreEnabledAndOthersDisabled) {
-  const auto disabled = [this] {
-    std::vector<std::string> calls;
-    for (const base::Call& call : engine.CallsOf("ISceneMng::DisableScene")) {
-      calls.push_back(std::get<std::string>(call.arguments[0]) + (std::get<bool>(call.arguments[1]) ? " off" : " on"));
-    }
-    engine.calls.clear();
-    return calls;
-  };
-  disabled();
-  gui->AddRenderPage(2);
-  gui->RemRenderPage(2);
-  gui->RemRenderPage(2);
-  Deliver();
-  EXPECT_EQ(disabled(), (std::vector<std::string>{"c.glb_scene on", "c.glb_scene off"}));
-}
-
-TEST_F(Navigation, QuietChangesPagesWithoutAnimationAndSound) {
-  gui->SetQuiet(1);
-  gui->AddActivePage(1);
-  Deliver();
-  EXPECT_EQ(Active(), (Pages{1}));
-  EXPECT_EQ(gui->GetPage(1)->GetPlayingAnim(), nullptr);
-  gui->SetQuiet(0);
-  gui->RemActivePage(0);
-  Deliver();
-  EXPECT_NE(gui->GetPage(0)->GetPlayingAnim(), nullptr) << "plays although the page was not active";
-}
-
-TEST_F(Navigation, SnapshotsAreTakenEvenForPagesThatAreNone) {
-  GuiMessage record;
-  record.command = u"addactivepage";
-  record.argument = u"nobody";
-  record.snapshot = 1;
-  Send(message::kCommand, 0, &record);
-  EXPECT_EQ(record.handled, 1);
-  ShowOnly(2);
-  Say(*gui->GetPage(2)->items[0], {u"undopage"});
-  ActivateButton(2);
-  EXPECT_TRUE(Active().empty()) << "back to the lists of the snapshot";
-  gui->ClearUndo();
-  ShowOnly(2);
-  ActivateButton(2);
-  EXPECT_EQ(Active(), (Pages{2}));
-}
-
-TEST_F(Navigation, UnknownWordsAndUndoAreLeftUnhandled) {
-  for (const StringView word : {u"undopage", u"play", u"", u"SETPAGE"}) {
+  GuiMessage OwnRecord(StringView word, std::uint32_t page) {
     GuiMessage record;
     record.command = word;
-    Send(message::kCommand, 0, &record);
-    EXPECT_EQ(record.handled, 0) << Narrow(word);
+    record.argument = NameOf(page);
+    record.page = gui->GetPage(page);
+    record.origin = 1;
+    return record;
+  }
+
+  void ClickOn(std::uint32_t page, const String& word, const String& argument) {
+    ICGUIObject& button = *model.pages[page]->items.back();
+    button.info->messages.clear();
+    Say(button, {word + u":" + argument});
+    GuiMessage record = *button.info->messages[0];
+    Aim({30.0F * static_cast<float>(page), 0, 0});
+    Press();
+    ReleaseButton();
+    Send(message::kFrame);
+    record.command = word;
+    record.argument = argument;
+    record.page = model.pages[page];
+    for (std::ptrdiff_t left = std::ranges::count(model.active, page); left > 0; --left) model.Post(record);
+  }
+
+  void ExpectSame() {
+    for (std::uint32_t page = 0; page < kPages; ++page) {
+      const auto [animation, frames] = model.moving[model.pages[page]];
+      ASSERT_EQ(model.pages[page]->GetPlayingAnim(), frames > 0 ? animation : nullptr) << page;
+    }
+    ASSERT_EQ(gui->GetActivePages(), model.active);
+    ASSERT_EQ(gui->GetRenderPages(), model.rendered);
+    ASSERT_EQ(std::exchange(offered, {}), std::exchange(wanted, {}));
+  }
+
+  Model model{[this](GuiMessage& record) { Offer(record, true); }};
+  std::vector<std::string> offered;
+  std::vector<std::string> wanted;
+  bool gameTakes = false;
+};
+
+TEST_F(Navigation, IsWhatTheModelSays) {
+  std::mt19937 random(1);
+  const auto below = [&random](std::size_t count) { return static_cast<std::uint32_t>(random() % count); };
+  const std::pair<StringView, void (*)(IGui&, std::uint32_t)> calls[] = {
+      {u"setpage", [](IGui& book, std::uint32_t page) { book.SetPage(page); }},
+      {u"addrenderpage", [](IGui& book, std::uint32_t page) { book.AddRenderPage(page); }},
+      {u"remrenderpage", [](IGui& book, std::uint32_t page) { book.RemRenderPage(page); }},
+      {u"addactivepage", [](IGui& book, std::uint32_t page) { book.AddActivePage(page); }},
+      {u"remactivepage", [](IGui& book, std::uint32_t page) { book.RemActivePage(page); }}};
+  const StringView words[] = {u"setpage",       u"undopage",      u"setpage", u"undopage", u"addrenderpage",
+                              u"addactivepage", u"remactivepage", u"play",    u"more",     u"frame",
+                              u"SETPAGE",       u"remrenderpage", u"reset",   u"",         u"removeallfromrender"};
+  const StringView arguments[] = {u"a.glb", u"b.glb", u"c.glb", u"d.glb", u"", u"nobody", u"A.glb"};
+  for (int step = 0; step < 50000 && !HasFatalFailure(); ++step) {
+    SCOPED_TRACE(step);
+    const std::uint32_t page = below(kPages + 1);  // the last is out of range
+    const auto& [word, call] = calls[below(std::size(calls))];
+    gameTakes = below(2) == 0;
+    switch (below(8)) {
+      case 0:
+      case 1:
+        call(*gui, page);
+        model.Post(OwnRecord(word, page));
+        break;
+      case 2:
+        gui->GetActivePages() = model.active = Pages(below(3), page);
+        gui->GetRenderPages() = model.rendered = Pages(below(3), below(kPages + 1));
+        break;
+      case 3:
+        gui->SetQuiet(model.quiet = below(2) == 0);
+        if (below(8) > 0) break;
+        gui->ClearUndo();
+        model.undo.clear();
+        break;
+      default:
+        ClickOn(below(4), String(words[below(std::size(words))]), String(arguments[below(std::size(arguments))]));
+    }
+    if (below(4) > 0) {
+      Frame(0.2);
+      model.Deliver();
+      for (auto& [moved, how] : model.moving) how.second = std::max(how.second - 1, 0);
+    }
+    ExpectSame();
   }
 }
 

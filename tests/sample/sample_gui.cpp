@@ -1,33 +1,73 @@
 #include "tests/sample/sample_gui.h"
 
 #include <algorithm>
-#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
-#include "formats/command_words.h"
 #include "engine/msg_daemon.h"
 #include "engine/system.h"
+#include "formats/command_words.h"
 #include "host/app/pages.h"
 #include "host/app/widget_place.h"
-#include "tests/sample/sample_data.h"
+#include "host/scenes/gltf_scenes.h"
 
 namespace qen::test {
 namespace {
 
-constexpr std::uint32_t kMainButton = 1;
-constexpr std::uint32_t kGameCategory = 0x80000000U;
-constexpr std::int32_t kLongestWait = 200;  // frames
+namespace fs = std::filesystem;
+
+// Of each mesh the corners of its box, of each picture one pixel.
+base::SceneData Reduce(base::SceneData scene) {
+  for (auto& mesh : scene.meshes) {
+    for (auto& [vertices, indices, material] : mesh) {
+      if (vertices.empty()) continue;
+      const auto [left, right] = std::ranges::minmax(vertices, {}, [](const auto& v) { return v.position.x; });
+      const auto [low, high] = std::ranges::minmax(vertices, {}, [](const auto& v) { return v.position.y; });
+      const auto [far, near] = std::ranges::minmax(vertices, {}, [](const auto& v) { return v.position.z; });
+      vertices = {left, right, low, high, far, near};
+      indices = {0, 1, 2, 3, 4, 5};
+    }
+  }
+  for (base::Image& image : scene.images) image = {1, 1, {255, 255, 255, 255}};
+  return scene;
+}
+
+// What adds a file of the sample to an engine; all were read once.
+using AddFile = std::function<void(base::RecordingEngine&)>;
+
+std::vector<AddFile> ReadSample() {
+  const fs::path root = "samples/skylantern";
+  base::FakeFiles none;
+  host::GltfScenes reader(none, [](StringView) {});
+  std::vector<AddFile> files;
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    if (!entry.is_regular_file()) continue;
+    std::ifstream in(entry.path(), std::ios::binary);
+    const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(in), {}};
+    const fs::path place = entry.path().lexically_relative(root);
+    const String name = base::ToUtf16(place.generic_string());
+    String error;
+    if (*place.begin() == "scenes") {
+      const base::SceneData scene = Reduce(reader.ParseScene(name, bytes, true, error).value());
+      files.emplace_back([name, scene](auto& engine) { engine.AddScene(name, scene); });
+    } else if (*place.begin() == "anims") {
+      const base::AnimationData animation = reader.ParseAnimation(name, bytes, error).value();
+      files.emplace_back([name, animation](auto& engine) { engine.AddAnimation(name, animation); });
+    } else {
+      files.emplace_back([name, bytes](auto& engine) { engine.files.Add(name, bytes); });
+    }
+  }
+  return files;
+}
 
 }  // namespace
 
-std::int32_t SampleGame::OnMessage(const Msg& message) {
+std::int32_t SampleGui::Game::OnMessage(const Msg& message) {
   if (message.id != message::kCommand && message.id != message::kNotification) return 0;
-  using namespace command;  // NOLINT(google-build-using-namespace): its words
-  constexpr std::array kOfTheGui{
-      kSetPage,       kUndoPage,   kAddRenderPage, kRemRenderPage, kAddActivePage, kRemActivePage, kRemoveAllFromRender,
-      kToggleChecked, kRadioGroup, kShow,          kHide,          kDisable,       kSetText};
   ++offered;
   auto& record = *reinterpret_cast<GuiMessage*>(message.second);
-  if (std::ranges::find(kOfTheGui, record.command) != kOfTheGui.end()) return 0;
+  if (formats::FindCommand(record.command) != nullptr) return 0;
   record.handled = 1;
   if (System::gui == nullptr) return 0;
   if (record.command == u"language") System::gui->SetLanguage(record.argument);
@@ -35,9 +75,10 @@ std::int32_t SampleGame::OnMessage(const Msg& message) {
   return 0;
 }
 
-SampleGui::SampleGui(const std::function<void(base::Backends&)>& adjust) : engine(adjust) {
+SampleGui::SampleGui() {
+  static const std::vector<AddFile> files = ReadSample();
   engine.RecordCalls(false);
-  SampleData::Get().AddTo(engine);
+  for (const AddFile& add : files) add(engine);
 }
 
 SampleGui::~SampleGui() { Deactivate(); }
@@ -45,7 +86,7 @@ SampleGui::~SampleGui() { Deactivate(); }
 void SampleGui::Activate() {
   gui = module_.Export<ActivateDllFunction>(kActivateDll)();
   System::gui = gui;
-  if (System::daemon != nullptr) System::daemon->AddHandler(&game_, kGameCategory);
+  if (System::daemon != nullptr) System::daemon->AddHandler(&game_, 0x80000000U);
 }
 
 bool SampleGui::Load() {
@@ -87,7 +128,7 @@ void SampleGui::Draw() {
 }
 
 bool SampleGui::Settle() {
-  return host::Settle(*gui, kLongestWait, [this] {
+  return host::Settle(*gui, 200, [this] {
     Frame();
     return Offered() > 0;
   });
@@ -113,10 +154,10 @@ void SampleGui::Hover(ICGUIObject& widget) {
 }
 
 void SampleGui::ClickHere() {
-  Send(message::kButtonDown, kMainButton);
-  Frame();
-  Send(message::kButtonUp, kMainButton);
-  Frame();
+  for (const std::uint32_t button : {message::kButtonDown, message::kButtonUp}) {
+    Send(button, 1);
+    Frame();
+  }
 }
 
 ICGUIObject* SampleGui::Find(StringView pageName, StringView widget) const {

@@ -1,42 +1,30 @@
 // The sample with its game, played by hand.
 #pragma once
 
-#include <functional>
 #include <optional>
-#include <string>
 
-#include "base/engine.h"
-#include "base/recording/recording_engine.h"
 #include "tests/module/gui_fixture.h"
 
 namespace qen::test {
 
-// Handles what the GUI leaves to the game, as the sample's script does.
-class SampleGame final : public Object {
- public:
-  std::int32_t OnMessage(const Msg& message) override;
-
-  std::size_t offered = 0;  // records so far
-};
-
-// The module is active while it lives, with nothing loaded at first. Nothing is recorded.
+// The module on the recording engine, where nothing is recorded. Its scenes are brought down to what the GUI sees of
+// them, so that thousands of engines can load them.
 class SampleGui {
  public:
-  // `adjust` may put other backends into the places of the recording ones.
-  explicit SampleGui(const std::function<void(base::Backends&)>& adjust = {});
+  SampleGui();
   ~SampleGui();
   SampleGui(const SampleGui&) = delete;
   SampleGui& operator=(const SampleGui&) = delete;
 
-  void Activate();
+  void Activate();    // the module; nothing is loaded at first
   bool Load();        // the sample, and its viewport
   void Deactivate();  // the module; nothing where that was done
 
   void Send(std::uint32_t id, std::uint32_t first = 0, const void* second = nullptr);
-  void Frame(double seconds = kStep);  // animates, updates, delivers
-  void Draw();                         // the pages and the tooltip
-  bool Settle();                       // frames until nothing moves; false when that does not come about
-  bool Show(std::uint32_t page);       // only this one; settles
+  void Frame(double seconds = 0.25);  // animates, updates, delivers; pages settle in a few of them
+  void Draw();                        // the pages and the tooltip
+  bool Settle();                      // frames until nothing moves; false when that does not come about
+  bool Show(std::uint32_t page);      // only this one; settles
 
   void MoveTo(base::Point client);
   std::optional<base::Point> PlaceOf(ICGUIObject& widget) const;  // client pixels of its middle
@@ -49,14 +37,19 @@ class SampleGui {
   // The widget of that name on the page, null when there is none.
   [[nodiscard]] ICGUIObject* Find(StringView pageName, StringView widget) const;
 
-  static constexpr double kStep = 0.25;  // seconds; pages settle in a few of them
-
   base::RecordingEngine engine;
   IGui* gui = nullptr;
 
  private:
+  // Handles what the GUI leaves to the game, as the sample's script does.
+  struct Game final : Object {
+    std::int32_t OnMessage(const Msg& message) override;
+
+    std::size_t offered = 0;  // records so far
+  };
+
   Module module_;
-  SampleGame game_;
+  Game game_;
 };
 
 }  // namespace qen::test

@@ -8,19 +8,21 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace qen::test {
 namespace {
 
 bool counting = false;
-std::size_t count = 0;
+std::vector<std::string> calls;
 std::size_t struckCall = 0;
 Fault struckFault = Fault::Fail;
 bool refusing = false;
 
 // Whether this call is the one to fail.
-bool IsStruck() {
-  if (!counting || ++count != struckCall) return false;
+bool IsStruck(const char* name) {
+  if (counting) calls.emplace_back(name);
+  if (!counting || calls.size() != struckCall) return false;
   if (struckFault == Fault::Kill) _exit(kKilled);
   errno = EIO;
   return true;
@@ -31,27 +33,27 @@ bool IsRefused() {
   return refusing;
 }
 
-// The system's own function of that name and kind.
-template <class Function>
-Function* System(Function*, const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+// What the system's own function of that name does.
+template <class Result, class... Args>
+Result Do(const char* name, Result (*)(Args...), Args... args) {
+  return reinterpret_cast<Result (*)(Args...)>(dlsym(RTLD_NEXT, name))(args...);
 }
 
 }  // namespace
 
 void StrikeFileCall(std::size_t number, Fault fault) {
-  count = 0;
+  calls.clear();
   struckCall = number;
   struckFault = fault;
   counting = true;
 }
 
-void RefuseNewFiles(bool refuse) { refusing = refuse; }
-
-std::size_t CountedFileCalls() {
+std::vector<std::string> CountedFileCalls() {
   counting = false;
-  return count;
+  return std::exchange(calls, {});
 }
+
+void RefuseNewFiles(bool refuse) { refusing = refuse; }
 
 // The dynamic linker gives the program's functions to every library instead of the system's of the same names.
 #define REPLACES(name) __asm__(name) __attribute__((visibility("default")))
@@ -68,44 +70,45 @@ int MakeFolder(const char* folder, mode_t mode) REPLACES("mkdir");
 int SetMode(int folder, const char* file, mode_t mode, int flags) REPLACES("fchmodat");
 
 std::FILE* Open(const char* file, const char* mode) {
-  if (IsStruck() || (std::strchr(mode, 'x') != nullptr && IsRefused())) return nullptr;
-  return System(Open, "fopen")(file, mode);
+  if (IsStruck("fopen") || (std::strchr(mode, 'x') != nullptr && IsRefused())) return nullptr;
+  return Do("fopen", Open, file, mode);
 }
 
 // Reading a folder fails, and the file knows it then.
 std::size_t Read(void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
-  if (IsStruck()) {
+  if (IsStruck("fread")) {
     const int folder = ::open("/", O_RDONLY);
     ::dup2(folder, ::fileno(file));
     ::close(folder);
   }
-  return System(Read, "fread")(bytes, size, number, file);
+  return Do("fread", Read, bytes, size, number, file);
 }
 
 std::size_t Write(const void* bytes, std::size_t size, std::size_t number, std::FILE* file) {
-  return System(Write, "fwrite")(bytes, size, IsStruck() ? number / 2 : number, file);
+  return Do("fwrite", Write, bytes, size, IsStruck("fwrite") ? number / 2 : number, file);
 }
 
-int Flush(std::FILE* file) { return IsStruck() ? EOF : System(Flush, "fflush")(file); }
+int Flush(std::FILE* file) { return IsStruck("fflush") ? EOF : Do("fflush", Flush, file); }
 
 int Close(std::FILE* file) {
-  const bool struck = IsStruck();
-  const int result = System(Close, "fclose")(file);
+  const bool struck = IsStruck("fclose");
+  const int result = Do("fclose", Close, file);
   return struck ? EOF : result;
 }
 
-int Sync(int file) { return IsStruck() ? -1 : System(Sync, "fsync")(file); }
+// Nothing here outlives the system, so that nothing waits for the disk.
+int Sync(int /*file*/) { return IsStruck("fsync") ? -1 : 0; }
 
-int Cut(int file, off_t size) { return IsStruck() ? -1 : System(Cut, "ftruncate")(file, size); }
+int Cut(int file, off_t size) { return IsStruck("ftruncate") ? -1 : Do("ftruncate", Cut, file, size); }
 
-int Move(const char* from, const char* to) { return IsStruck() ? -1 : System(Move, "rename")(from, to); }
+int Move(const char* from, const char* to) { return IsStruck("rename") ? -1 : Do("rename", Move, from, to); }
 
 int MakeFolder(const char* folder, mode_t mode) {
-  return IsStruck() || IsRefused() ? -1 : System(MakeFolder, "mkdir")(folder, mode);
+  return IsStruck("mkdir") || IsRefused() ? -1 : Do("mkdir", MakeFolder, folder, mode);
 }
 
 int SetMode(int folder, const char* file, mode_t mode, int flags) {
-  return IsStruck() ? -1 : System(SetMode, "fchmodat")(folder, file, mode, flags);
+  return IsStruck("fchmodat") ? -1 : Do("fchmodat", SetMode, folder, file, mode, flags);
 }
 
 }  // namespace qen::test

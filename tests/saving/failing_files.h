@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace qen::test {
 
@@ -16,10 +18,10 @@ constexpr int kKilled = 86;  // exit status of a process that was
 // and the libraries it loads, and the call of that number (from 1) is struck. None is with 0.
 void StrikeFileCall(std::size_t number, Fault fault);
 
+// Ends the counting and gives the names of the calls.
+std::vector<std::string> CountedFileCalls();
+
 // While set, no file or folder can be made, as where a folder may not be written.
 void RefuseNewFiles(bool refuse);
-
-// Ends the counting and gives how many calls there were.
-std::size_t CountedFileCalls();
 
 }  // namespace qen::test
