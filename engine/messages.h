@@ -6,7 +6,7 @@
 namespace qen::message {
 
 inline constexpr std::uint32_t kMouseMove = 0x200;   // second: packed position, unused
-inline constexpr std::uint32_t kButtonDown = 0x201;  // first: button, 1 is the main one
+inline constexpr std::uint32_t kButtonDown = 0x201;  // first: button, kMainButton or another
 inline constexpr std::uint32_t kButtonUp = 0x202;    // first: button
 inline constexpr std::uint32_t kWheel = 0x204;       // first: signed 16-bit amount, positive towards the user
 inline constexpr std::uint32_t kDeliverQueue = 0x1019;
@@ -15,6 +15,8 @@ inline constexpr std::uint32_t kRender = 0x1031;        // second: Viewport*
 inline constexpr std::uint32_t kCommand = 0x8002;       // second: GuiMessage*, the receiver may mark it handled
 inline constexpr std::uint32_t kKey = 0x8003;           // first: 16-bit key or character code
 inline constexpr std::uint32_t kNotification = 0x8004;  // second: GuiMessage*, delivered once
+
+inline constexpr std::uint32_t kMainButton = 1;  // of the mouse
 
 }  // namespace qen::message
 

@@ -13,10 +13,8 @@
 namespace qen {
 namespace {
 
-constexpr std::uint32_t kMainButton = 1;
-
 // Kept for the life of the module, like the command queue.
-std::uint32_t mouseState = mouse_state::kNone;
+std::uint32_t mainButtonState = mouse_state::kNone;
 Char pendingKey = 0;
 
 }  // namespace
@@ -31,10 +29,10 @@ void CGUIBook::HandleMessage(const Msg& message) {
     case message::kMouseMove:
       return TakeCursor();
     case message::kButtonDown:
-      if (message.first == kMainButton) mouseState = mouse_state::kHeld;
+      if (message.first == message::kMainButton) mainButtonState = mouse_state::kHeld;
       return;
     case message::kButtonUp:
-      if (message.first == kMainButton) mouseState = mouse_state::kReleased;
+      if (message.first == message::kMainButton) mainButtonState = mouse_state::kReleased;
       return;
     case message::kWheel:
       return TakeWheel(static_cast<std::int16_t>(message.first & 0xFFFFU));
@@ -74,8 +72,8 @@ void CGUIBook::TakeKey(Char key) {
 }
 
 void CGUIBook::TakeFrame() {
-  Update(mouseState, pendingKey, mouse_state::kNone);
-  if (mouseState == mouse_state::kReleased) mouseState = mouse_state::kNone;
+  Update(mainButtonState, pendingKey, mouse_state::kNone);
+  if (mainButtonState == mouse_state::kReleased) mainButtonState = mouse_state::kNone;
   pendingKey = 0;
 }
 

@@ -5,13 +5,10 @@
 #include "definitions/definition_text.h"
 #include "engine/font.h"
 #include "engine/texture.h"
+#include "widgets/interface_resources.h"
 
 namespace qen {
 namespace {
-
-const String kMaterialName = u"gui";
-const String kGroup = kDefaultGroup;
-constexpr std::uint32_t kInterfaceTexture = 129;
 
 template <class Manager, class Kept>
 void GiveBack(Kept*& resource) {
@@ -66,15 +63,16 @@ void Style::CreateResources() {
   if (FontManager* fonts = FontManager::GetSingleton()) {
     const LOGFONTW& font = settings_.font;
     resources_.font =
-        fonts->CreateEx(font.lfFaceName, font.lfHeight, font.lfWidth, font.lfWeight, font.IsItalic(), 1, kGroup);
+        fonts->CreateEx(font.lfFaceName, font.lfHeight, font.lfWidth, font.lfWeight, font.IsItalic(), 1, kDefaultGroup);
   }
   GiveBack<MaterialManager>(resources_.material);
   if (MaterialManager* materials = MaterialManager::GetSingleton())
-    resources_.material = materials->Create(kMaterialName, kGroup);
+    resources_.material = materials->Create(interface_resources::kMaterial, kDefaultGroup);
   params_.RemoveTexture(TEXTURE_SLOT_1);
   GiveBack<TextureManager>(resources_.texture);
   TextureManager* textures = TextureManager::GetSingleton();
-  if (textures != nullptr) resources_.texture = textures->Load(settings_.texture, kGroup, 0, kInterfaceTexture);
+  if (textures != nullptr)
+    resources_.texture = textures->Load(settings_.texture, kDefaultGroup, 0, interface_resources::kTextureFlags);
   if (resources_.texture != nullptr) params_.AddTexture(TEXTURE_SLOT_1, resources_.texture);
 }
 

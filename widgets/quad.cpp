@@ -8,15 +8,13 @@
 #include "engine/system.h"
 #include "engine/texture.h"
 #include "widgets/child_nodes.h"
+#include "widgets/interface_resources.h"
 #include "widgets/move_node.h"
 
 namespace qen {
 namespace {
 
-const String kMaterialName = u"gui";
-const String kGroup = kDefaultGroup;
 constexpr const Char* kDefaultTexture = u"textures\\guitex\\default_bag";
-constexpr std::uint32_t kInterfaceTexture = 129;
 constexpr float kPhases = 2.0F;  // there and back, a second
 
 }  // namespace
@@ -42,10 +40,11 @@ void CGUIQuad::LoadTexture() {
   params_.RemoveTexture(TEXTURE_SLOT_1);
   DestroyResources();
   if (MaterialManager* materials = MaterialManager::GetSingleton()) {
-    material_ = materials->GetByName(kMaterialName, kGroup);
+    material_ = materials->GetByName(interface_resources::kMaterial, kDefaultGroup);
   }
   TextureManager* textures = TextureManager::GetSingleton();
-  if (textures != nullptr) texture_ = textures->Load(record_.texture, kGroup, 0, kInterfaceTexture);
+  if (textures != nullptr)
+    texture_ = textures->Load(record_.texture, kDefaultGroup, 0, interface_resources::kTextureFlags);
   if (texture_ != nullptr) params_.AddTexture(TEXTURE_SLOT_1, texture_);
 }
 

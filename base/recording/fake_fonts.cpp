@@ -11,7 +11,7 @@ constexpr Char kFirstHebrew = 0x0590;
 constexpr Char kLastArabic = 0x06FF;
 
 bool JoinsBefore(Char c) { return (c >= 0x300 && c <= 0x36F) || (c >= 0xDC00 && c < 0xE000); }
-bool IsBlank(Char c) { return c == u' ' || c == u'\t' || c == 0x3000; }
+bool HasNoInk(Char c) { return c == u' ' || c == u'\t' || c == 0x3000; }
 
 class FakeFace final : public IFontFace {
  public:
@@ -36,7 +36,7 @@ class FakeFace final : public IFontFace {
     for (const Char c : text) {
       if (JoinsBefore(c)) continue;
       line.glyphs.push_back({line.width, -static_cast<float>(metric.tmAscent), line.width + Advance(),
-                             static_cast<float>(metric.tmDescent), 0.0F, 0.0F, 1.0F, 1.0F, IsBlank(c) ? 0 : texture});
+                             static_cast<float>(metric.tmDescent), 0.0F, 0.0F, 1.0F, 1.0F, HasNoInk(c) ? 0 : texture});
       line.width += Advance();
     }
   }

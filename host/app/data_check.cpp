@@ -14,15 +14,15 @@ namespace {
 
 using Tokens = std::vector<String>;
 
-constexpr std::array<StringView, 11> kKeys{u"lang",       u"tool",        u"name",        u"bagname",
-                                           u"anim",       u"anim_in",     u"anim_out",    u"onmousewav",
-                                           u"onclickwav", u"onaniminwav", u"onanimoutwav"};
+constexpr std::array<StringView, 11> kFileKeys{u"lang",       u"tool",        u"name",        u"bagname",
+                                               u"anim",       u"anim_in",     u"anim_out",    u"onmousewav",
+                                               u"onclickwav", u"onaniminwav", u"onanimoutwav"};
 
 // The keys in front of the item blocks with their values, in their order. Other words are passed over.
 template <class Visit>
 void ForEachValue(const Tokens& tokens, Visit visit) {
   for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != u"item"; ++i) {
-    if (std::ranges::find(kKeys, tokens[i]) == kKeys.end()) continue;
+    if (std::ranges::find(kFileKeys, tokens[i]) == kFileKeys.end()) continue;
     visit(tokens[i], tokens[i + 1]);
     ++i;
   }

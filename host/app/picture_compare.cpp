@@ -10,7 +10,7 @@
 namespace qen::host {
 namespace {
 
-constexpr std::size_t kChannels = 4;
+constexpr std::size_t kRgbaChannels = 4;
 constexpr std::size_t kColors = 3;
 constexpr int kClearly = 40;         // levels
 constexpr double kFarShare = 0.001;  // of the pixels, at the usual tolerance
@@ -31,7 +31,7 @@ PictureDifference ComparePictures(const std::filesystem::path& file, const std::
   result.shown = *a;
   double sum = 0.0;
   std::size_t far = 0;
-  for (std::size_t pixel = 0; pixel < a->rgba.size(); pixel += kChannels) {
+  for (std::size_t pixel = 0; pixel < a->rgba.size(); pixel += kRgbaChannels) {
     int largest = 0;
     for (std::size_t i = pixel; i < pixel + kColors; ++i) {
       const int levels = std::abs(int{a->rgba[i]} - int{b->rgba[i]});
@@ -41,7 +41,7 @@ PictureDifference ComparePictures(const std::filesystem::path& file, const std::
     }
     if (largest > kClearly) ++far;
   }
-  const double pixels = static_cast<double>(a->rgba.size()) / kChannels;
+  const double pixels = static_cast<double>(a->rgba.size()) / kRgbaChannels;
   result.mean = sum / (pixels * kColors);
   result.farShare = static_cast<double>(far) / pixels;
   return result;

@@ -16,12 +16,12 @@
 namespace qen::host {
 namespace {
 
-constexpr int kChannels = 3;
+constexpr int kRgbChannels = 3;
 
 // What was blended into the frame's alpha says nothing about the picture.
 std::vector<std::uint8_t> WithoutAlpha(const std::vector<std::uint8_t>& rgba) {
   std::vector<std::uint8_t> rgb;
-  rgb.reserve(rgba.size() / 4 * kChannels);
+  rgb.reserve(rgba.size() / 4 * kRgbChannels);
   for (std::size_t i = 0; i + 3 < rgba.size(); i += 4) rgb.insert(rgb.end(), {rgba[i], rgba[i + 1], rgba[i + 2]});
   return rgb;
 }
@@ -36,8 +36,8 @@ void WritePicture(const base::Image& image, const std::filesystem::path& file) {
   const auto append = [](void* target, void* bytes, int size) {
     static_cast<std::ofstream*>(target)->write(static_cast<const char*>(bytes), size);
   };
-  const int encoded = stbi_write_png_to_func(append, &stream, image.width, image.height, kChannels, rgb.data(),
-                                             kChannels * image.width);
+  const int encoded = stbi_write_png_to_func(append, &stream, image.width, image.height, kRgbChannels, rgb.data(),
+                                             kRgbChannels * image.width);
   stream.close();
   if (encoded == 0 || !stream) throw std::runtime_error("cannot write " + file.string());
 }

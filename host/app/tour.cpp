@@ -22,7 +22,6 @@ namespace {
 constexpr int kHoverSteps = 75;  // long enough for a tooltip
 constexpr int kHeldSteps = 6;
 constexpr int kEntranceSteps = 120;
-constexpr std::uint32_t kMainButton = 1;
 constexpr base::Point kNowhere{-1000, -1000};
 
 // Widgets that react when the cursor comes to them.
@@ -145,21 +144,21 @@ class Tour {
     const auto place = FindPlace(widget, stage_.GetCamera(), stage_.Window().ClientSize());
     if (!place) return;
     stage_.MoveCursor(*place);
-    stage_.Send(message::kButtonDown, kMainButton);
+    stage_.Send(message::kButtonDown, message::kMainButton);
     Steps(1);
-    stage_.Send(message::kButtonUp, kMainButton);
+    stage_.Send(message::kButtonUp, message::kMainButton);
     Steps(1);
     stage_.MoveCursor(kNowhere);
   }
 
   // Lets go beside the widget, so that it is not clicked.
   void ShowHeld(const std::string& name) {
-    stage_.Send(message::kButtonDown, kMainButton);
+    stage_.Send(message::kButtonDown, message::kMainButton);
     Steps(kHeldSteps);
     TakePicture(name);
     stage_.MoveCursor(kNowhere);
     Steps(1);
-    stage_.Send(message::kButtonUp, kMainButton);
+    stage_.Send(message::kButtonUp, message::kMainButton);
     Steps(1);
   }
 

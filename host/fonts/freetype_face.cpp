@@ -9,7 +9,7 @@
 namespace qen::host {
 namespace {
 
-constexpr float kPixel = 1.0F / 64.0F;  // a unit of FreeType's positions
+constexpr float kPixelsAUnit = 1.0F / 64.0F;  // a unit of FreeType's positions
 
 std::int32_t Rounded(float pixels) { return static_cast<std::int32_t>(std::lround(pixels)); }
 
@@ -78,7 +78,7 @@ RaqmOwner FreetypeFace::Layout(StringView text) {
 }
 
 float FreetypeFace::AdvanceOf(const raqm_glyph_t& glyph) const {
-  const float advance = static_cast<float>(glyph.x_advance) * kPixel;
+  const float advance = static_cast<float>(glyph.x_advance) * kPixelsAUnit;
   const bool widened = glyph.x_advance != 0 && chain_.SynthesisOf(faces_[glyph.cluster]).bold;
   return widened ? advance + kBoldWidening * em_.x : advance;
 }
@@ -102,8 +102,8 @@ void FreetypeFace::Shape(StringView text, base::GlyphStyle style, base::ShapedLi
   for (const raqm_glyph_t& shaped : GlyphsOf(layout.get())) {
     const std::uint32_t face = faces_[shaped.cluster];
     FaceFile& file = chain_.File(face);
-    const float x = line.width + static_cast<float>(shaped.x_offset) * kPixel;
-    float y = static_cast<float>(shaped.y_offset) * kPixel;
+    const float x = line.width + static_cast<float>(shaped.x_offset) * kPixelsAUnit;
+    float y = static_cast<float>(shaped.y_offset) * kPixelsAUnit;
     const bool bitmap = style == base::GlyphStyle::Bitmap;
     if (bitmap) y = std::round(y);
     base::Glyph glyph = bitmap ? glyphs_.Bitmap(file, shaped.index, chain_.SynthesisOf(face), em_, x)

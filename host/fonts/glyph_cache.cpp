@@ -8,13 +8,13 @@
 namespace qen::host {
 namespace {
 
-constexpr float kFieldEm = 64.0F;  // pixels of the em square in a distance field
-constexpr int kPhases = 4;         // places of a bitmap's pen within a pixel
-constexpr FT_Pos kPixel = 64;      // FreeType's units a pixel
+constexpr float kFieldEm = 64.0F;    // pixels of the em square in a distance field
+constexpr int kPhases = 4;           // places of a bitmap's pen within a pixel
+constexpr FT_Pos kUnitsAPixel = 64;  // FreeType's units a pixel
 
 void Synthesise(FT_Outline& outline, Synthesis synthesis, EmSize em) {
   if (synthesis.bold) {
-    const float units = kBoldWidening * static_cast<float>(kPixel);
+    const float units = kBoldWidening * static_cast<float>(kUnitsAPixel);
     FT_Outline_EmboldenXY(&outline, std::lround(em.x * units), std::lround(em.y * units));
   }
   if (!synthesis.oblique) return;
@@ -71,7 +71,7 @@ GlyphCache::Entry GlyphCache::Keep(const GlyphPicture& picture, GlyphAtlas& atla
 const GlyphCache::Entry& GlyphCache::FindBitmap(FaceFile& face, const Key& key) {
   const auto [place, isNew] = entries_.try_emplace(key);
   if (!isNew) return place->second;
-  const FT_Pos shift = key.phase * kPixel / kPhases;
+  const FT_Pos shift = key.phase * kUnitsAPixel / kPhases;
   Draw(face, key.index, key.synthesis, {key.emX, key.emY}, FT_LOAD_TARGET_LIGHT, shift, drawn_);
   return place->second = Keep(drawn_, coverage_);
 }

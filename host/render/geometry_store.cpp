@@ -6,14 +6,12 @@
 namespace qen::host {
 namespace {
 
-const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
-
-void DescribeVertices() {
+void DescribeMeshVertices() {
   constexpr GLsizei kStride = sizeof(base::Vertex);
-  glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, position)));
-  glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, normal)));
-  glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::Vertex, u)));
-  glVertexAttribPointer(3, 4, GL_UNSIGNED_BYTE, GL_TRUE, kStride, Offset(offsetof(base::Vertex, color)));
+  glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, position)));
+  glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, normal)));
+  glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, u)));
+  glVertexAttribPointer(3, 4, GL_UNSIGNED_BYTE, GL_TRUE, kStride, BufferOffset(offsetof(base::Vertex, color)));
   for (GLuint i = 0; i < 4; ++i) glEnableVertexAttribArray(i);
 }
 
@@ -28,7 +26,7 @@ std::uint32_t GeometryStore::Create(std::span<const base::Vertex> vertices, std:
   glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size_bytes()), vertices.data(), GL_STATIC_DRAW);
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh.indices.Get());
   glBufferData(GL_ELEMENT_ARRAY_BUFFER, static_cast<GLsizeiptr>(indices.size_bytes()), indices.data(), GL_STATIC_DRAW);
-  DescribeVertices();
+  DescribeMeshVertices();
   glBindVertexArray(0);
   return meshes_.Add(std::move(mesh));
 }

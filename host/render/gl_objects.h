@@ -3,6 +3,7 @@
 
 #include <epoxy/gl.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace qen::host {
@@ -79,5 +80,8 @@ using GlRenderbuffer = GlObject<gl_kind::Renderbuffer>;
 using GlFramebuffer = GlObject<gl_kind::Framebuffer>;
 using GlVertexShader = GlObject<gl_kind::VertexShader>;
 using GlFragmentShader = GlObject<gl_kind::FragmentShader>;
+
+// A place in the buffer that is bound, as OpenGL takes it.
+inline const void* BufferOffset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
 
 }  // namespace qen::host

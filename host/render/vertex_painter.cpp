@@ -7,14 +7,12 @@
 namespace qen::host {
 namespace {
 
-const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
-
-void DescribeVertices() {
+void DescribePaintedVertices() {
   constexpr GLsizei kStride = sizeof(base::DrawVertex);
-  glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::DrawVertex, position)));
-  glVertexAttribPointer(1, 2, GL_FLOAT, GL_FALSE, kStride, Offset(offsetof(base::DrawVertex, u)));
+  glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::DrawVertex, position)));
+  glVertexAttribPointer(1, 2, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::DrawVertex, u)));
   // 0xAARRGGBB lies as blue, green, red, alpha in memory.
-  glVertexAttribPointer(2, GL_BGRA, GL_UNSIGNED_BYTE, GL_TRUE, kStride, Offset(offsetof(base::DrawVertex, argb)));
+  glVertexAttribPointer(2, GL_BGRA, GL_UNSIGNED_BYTE, GL_TRUE, kStride, BufferOffset(offsetof(base::DrawVertex, argb)));
   for (GLuint i = 0; i < 3; ++i) glEnableVertexAttribArray(i);
 }
 
@@ -30,7 +28,7 @@ VertexPainter::VertexPainter(const TextureStore& textures)
   glUniform1f(program_.Uniform("uReach"), static_cast<float>(kDistanceFieldReach));
   glBindVertexArray(array_.Get());
   glBindBuffer(GL_ARRAY_BUFFER, vertices_.Get());
-  DescribeVertices();
+  DescribePaintedVertices();
   glBindVertexArray(0);
 }
 

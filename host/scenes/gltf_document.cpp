@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "base/utf.h"
@@ -38,9 +39,9 @@ Bytes TakeChunk(Bytes& rest, std::uint32_t& type) {
   return content;
 }
 
-Json ParseJson(Bytes text) {
+std::unique_ptr<const Json> ParseJson(Bytes text) {
   try {
-    return Json::parse(text.begin(), text.end());
+    return std::make_unique<const Json>(Json::parse(text.begin(), text.end()));
   } catch (const Json::exception&) {
     throw GltfError("its JSON is not well-formed");
   }
@@ -64,6 +65,8 @@ GltfDocument::GltfDocument(StringView file, Bytes bytes, base::IFileBackend& fil
   ReadBuffers();
 }
 
+GltfDocument::~GltfDocument() = default;
+
 void GltfDocument::ReadContainer(Bytes bytes) {
   constexpr std::uint32_t kVersion = 2;
   if (bytes.size() < kHeaderSize || Word(bytes, 8) > bytes.size()) throw GltfError("the file is cut off");
@@ -80,9 +83,9 @@ void GltfDocument::ReadContainer(Bytes bytes) {
 }
 
 void GltfDocument::CheckVersion() const {
-  const Json* asset = Member(root_, "asset");
+  const Json* asset = Member(*root_, "asset");
   if (asset == nullptr || !Text(*asset, "version", "").starts_with("2.")) throw GltfError("not a glTF 2.0 file");
-  for (const Json& name : Elements(root_, "extensionsRequired")) {
+  for (const Json& name : Elements(*root_, "extensionsRequired")) {
     if (!name.is_string()) throw GltfError("\"extensionsRequired\" has a wrong value");
     const auto& extension = name.get_ref<const std::string&>();
     if (std::ranges::find(kKnownExtensions, extension) == kKnownExtensions.end()) {
@@ -92,7 +95,7 @@ void GltfDocument::CheckVersion() const {
 }
 
 void GltfDocument::ReadBuffers() {
-  const Json& buffers = Elements(root_, "buffers");
+  const Json& buffers = Elements(*root_, "buffers");
   fetched_.reserve(buffers.size());  // the spans point into it
   for (const Json& buffer : buffers) {
     const std::string uri = Text(buffer, "uri", "");
@@ -104,7 +107,7 @@ void GltfDocument::ReadBuffers() {
 }
 
 const Json& GltfDocument::Item(const char* list, std::size_t index) const {
-  const Json& items = Elements(root_, list);
+  const Json& items = Elements(*root_, list);
   if (index >= items.size()) throw GltfError("there is no element " + std::to_string(index) + " of \"" + list + '"');
   return items[index];
 }

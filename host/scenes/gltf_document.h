@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -23,7 +24,11 @@ class GltfDocument {
   // `bytes` must outlive the document. Buffers outside the file are read from `files`, beside `file`.
   GltfDocument(StringView file, std::span<const std::uint8_t> bytes, base::IFileBackend& files);
 
-  [[nodiscard]] const Json& Root() const { return root_; }
+  ~GltfDocument();
+  GltfDocument(const GltfDocument&) = delete;
+  GltfDocument& operator=(const GltfDocument&) = delete;
+
+  [[nodiscard]] const Json& Root() const { return *root_; }
 
   // An element of one of the lists at the root, such as "nodes".
   [[nodiscard]] const Json& Item(const char* list, std::size_t index) const;
@@ -43,7 +48,7 @@ class GltfDocument {
 
   base::IFileBackend& files_;
   String folder_;  // with its separator
-  Json root_;
+  std::unique_ptr<const Json> root_;
   std::span<const std::uint8_t> binary_;            // the binary chunk
   std::vector<std::vector<std::uint8_t>> fetched_;  // buffers from elsewhere
   std::vector<std::span<const std::uint8_t>> buffers_;

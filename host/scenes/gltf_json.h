@@ -1,9 +1,9 @@
 // Properties of glTF's JSON objects, checked. What is missing has its default; what is of the wrong kind or beyond the
-// range of its type throws GltfError.
+// range of its type throws GltfError. Who looks into a Json includes <nlohmann/json.hpp>, which takes long to compile.
 #pragma once
 
 #include <cstddef>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <span>
 #include <stdexcept>

@@ -1,5 +1,6 @@
 #include "host/scenes/gltf_materials.h"
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <unordered_map>
 

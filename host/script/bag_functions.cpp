@@ -56,10 +56,11 @@ int BagSelected(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-constexpr std::array<ScriptFunction, 2> kFunctions{{{"bag", Bag}, {"bag_selected", BagSelected}}};
-
 }  // namespace
 
-ScriptFunctions BagFunctions() { return kFunctions; }
+ScriptFunctions BagFunctions() {
+  static constexpr std::array<ScriptFunction, 2> kFunctions{{{"bag", Bag}, {"bag_selected", BagSelected}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host

@@ -93,10 +93,11 @@ int CheckEqual(ScriptWorld&, lua_State* state) {
                            DescribeValue(state, 2));
 }
 
-constexpr std::array<ScriptFunction, 2> kFunctions{{{"check", Check}, {"check_equal", CheckEqual}}};
-
 }  // namespace
 
-ScriptFunctions GlobalFunctions() { return kFunctions; }
+ScriptFunctions GlobalFunctions() {
+  static constexpr std::array<ScriptFunction, 2> kFunctions{{{"check", Check}, {"check_equal", CheckEqual}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host

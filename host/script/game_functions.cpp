@@ -25,10 +25,11 @@ int Log(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-constexpr std::array<ScriptFunction, 3> kFunctions{{{"on", On}, {"sounds", Sounds}, {"log", Log}}};
-
 }  // namespace
 
-ScriptFunctions GameFunctions() { return kFunctions; }
+ScriptFunctions GameFunctions() {
+  static constexpr std::array<ScriptFunction, 3> kFunctions{{{"on", On}, {"sounds", Sounds}, {"log", Log}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host

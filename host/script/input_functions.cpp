@@ -10,8 +10,6 @@
 namespace qen::host {
 namespace {
 
-constexpr std::uint32_t kMainButton = 1;
-
 void HoverWidget(ScriptWorld& world, const String& name) {
   Stage& stage = world.GetStage();
   ICGUIObject& widget = FindWidget(world.Gui(), name);
@@ -29,12 +27,12 @@ int Hover(ScriptWorld& world, lua_State* state) {
 }
 
 int Press(ScriptWorld& world, lua_State*) {
-  world.GetStage().Send(message::kButtonDown, kMainButton);
+  world.GetStage().Send(message::kButtonDown, message::kMainButton);
   return 0;
 }
 
 int Release(ScriptWorld& world, lua_State*) {
-  world.GetStage().Send(message::kButtonUp, kMainButton);
+  world.GetStage().Send(message::kButtonUp, message::kMainButton);
   return 0;
 }
 
@@ -74,20 +72,21 @@ int Focus(ScriptWorld& world, lua_State* state) {
   return 0;
 }
 
-constexpr std::array<ScriptFunction, 9> kFunctions{{
-    {"move", Move},
-    {"hover", Hover},
-    {"press", Press},
-    {"release", Release},
-    {"click", Click},
-    {"wheel", Wheel},
-    {"key", Key},
-    {"type", Type},
-    {"focus", Focus},
-}};
-
 }  // namespace
 
-ScriptFunctions InputFunctions() { return kFunctions; }
+ScriptFunctions InputFunctions() {
+  static constexpr std::array<ScriptFunction, 9> kFunctions{{
+      {"move", Move},
+      {"hover", Hover},
+      {"press", Press},
+      {"release", Release},
+      {"click", Click},
+      {"wheel", Wheel},
+      {"key", Key},
+      {"type", Type},
+      {"focus", Focus},
+  }};
+  return kFunctions;
+}
 
 }  // namespace qen::host

@@ -85,14 +85,15 @@ int Selected(ScriptWorld& world, lua_State* state) {
   PushList(state, positions);
   return 1;
 }
-
-constexpr std::array<ScriptFunction, 1> kFunctions{{{"list", Open}}};
 constexpr std::array<ScriptFunction, 4> kMethods{
     {{"add", Add}, {"clear", Clear}, {"select", Select}, {"selected", Selected}}};
 
 }  // namespace
 
-ScriptFunctions ListFunctions() { return kFunctions; }
+ScriptFunctions ListFunctions() {
+  static constexpr std::array<ScriptFunction, 1> kFunctions{{{"list", Open}}};
+  return kFunctions;
+}
 ScriptFunctions ListMethods() { return kMethods; }
 
 }  // namespace qen::host

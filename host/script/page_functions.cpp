@@ -99,22 +99,23 @@ int Settle(ScriptWorld& world, lua_State* state) {
   throw std::runtime_error(what + " after " + std::to_string(longest) + " frames");
 }
 
-constexpr std::array<ScriptFunction, 11> kFunctions{{
-    {"load", Load},
-    {"unload", Unload},
-    {"reload", Reload},
-    {"setpage", SetPage},
-    {"command", PostText},
-    {"play", Play},
-    {"pages", Pages},
-    {"active", Active},
-    {"rendered", Rendered},
-    {"frame", Frame},
-    {"settle", Settle},
-}};
-
 }  // namespace
 
-ScriptFunctions PageFunctions() { return kFunctions; }
+ScriptFunctions PageFunctions() {
+  static constexpr std::array<ScriptFunction, 11> kFunctions{{
+      {"load", Load},
+      {"unload", Unload},
+      {"reload", Reload},
+      {"setpage", SetPage},
+      {"command", PostText},
+      {"play", Play},
+      {"pages", Pages},
+      {"active", Active},
+      {"rendered", Rendered},
+      {"frame", Frame},
+      {"settle", Settle},
+  }};
+  return kFunctions;
+}
 
 }  // namespace qen::host

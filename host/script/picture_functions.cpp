@@ -53,10 +53,12 @@ int SameImage(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-constexpr std::array<ScriptFunction, 3> kFunctions{{{"resize", Resize}, {"shot", Shot}, {"same_image", SameImage}}};
-
 }  // namespace
 
-ScriptFunctions PictureFunctions() { return kFunctions; }
+ScriptFunctions PictureFunctions() {
+  static constexpr std::array<ScriptFunction, 3> kFunctions{
+      {{"resize", Resize}, {"shot", Shot}, {"same_image", SameImage}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host

@@ -29,11 +29,12 @@ int SaveLanguage(ScriptWorld& world, lua_State* state) {
   return 0;
 }
 
-constexpr std::array<ScriptFunction, 3> kFunctions{
-    {{"save_page", SavePage}, {"save_style", SaveStyle}, {"save_language", SaveLanguage}}};
-
 }  // namespace
 
-ScriptFunctions SavingFunctions() { return kFunctions; }
+ScriptFunctions SavingFunctions() {
+  static constexpr std::array<ScriptFunction, 3> kFunctions{
+      {{"save_page", SavePage}, {"save_style", SaveStyle}, {"save_language", SaveLanguage}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host

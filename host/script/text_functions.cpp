@@ -32,15 +32,16 @@ int Tooltip(ScriptWorld& world, lua_State* state) {
   return 1;
 }
 
-constexpr std::array<ScriptFunction, 4> kFunctions{{
-    {"text", Text},
-    {"language", Language},
-    {"languages", Languages},
-    {"tooltip", Tooltip},
-}};
-
 }  // namespace
 
-ScriptFunctions TextFunctions() { return kFunctions; }
+ScriptFunctions TextFunctions() {
+  static constexpr std::array<ScriptFunction, 4> kFunctions{{
+      {"text", Text},
+      {"language", Language},
+      {"languages", Languages},
+      {"tooltip", Tooltip},
+  }};
+  return kFunctions;
+}
 
 }  // namespace qen::host

@@ -131,10 +131,11 @@ int Set(ScriptWorld& world, lua_State* state) {
   throw std::runtime_error("widgets have no field " + field + " that can be set");
 }
 
-constexpr std::array<ScriptFunction, 2> kFunctions{{{"widget", Widget}, {"set", Set}}};
-
 }  // namespace
 
-ScriptFunctions WidgetFunctions() { return kFunctions; }
+ScriptFunctions WidgetFunctions() {
+  static constexpr std::array<ScriptFunction, 2> kFunctions{{{"widget", Widget}, {"set", Set}}};
+  return kFunctions;
+}
 
 }  // namespace qen::host
