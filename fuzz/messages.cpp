@@ -13,7 +13,6 @@ void Try(Input input) {
   play.TakeSteps();
   stage.Frame();
   stage.Draw();
-  stage.gui->Release();  // while the guest lives
 }
 
 }  // namespace qen::fuzz

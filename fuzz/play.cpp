@@ -17,6 +17,11 @@ Play::Play(Stage& newStage, Input input) : stage(newStage), gui(*newStage.gui), 
   guest.onDraw = [this] { TakeStepsInside(); };
 }
 
+Play::~Play() {
+  gui.Release();
+  stage.listener.onRecord = {};
+}
+
 void Play::TakeSteps() {
   while (!bytes.AtEnd()) TakeStep();
 }

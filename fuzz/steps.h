@@ -25,6 +25,7 @@ class Guest final : public RenderClient {
 class Play {
  public:
   Play(Stage& stage, Input input);
+  ~Play();  // releases the GUI, which may know the guest
 
   void TakeSteps();  // all of the input
   void TakeStep();   // the next one; an unknown letter is none

@@ -73,11 +73,7 @@ TEST(Soak, RandomStepsBreakNothing) {
   for (std::uint64_t sent = 0; sent < messages; sent += kMessagesOfALife) {
     std::string steps;
     for (std::uint64_t i = 0; i < kMessagesOfALife; ++i) steps += AnyStep(random);
-    {
-      Play play(stage, {reinterpret_cast<const std::uint8_t*>(steps.data()), steps.size()});
-      play.TakeSteps();
-      stage.gui->Release();  // while the guest lives
-    }
+    Play(stage, {reinterpret_cast<const std::uint8_t*>(steps.data()), steps.size()}).TakeSteps();
     ASSERT_EQ(LoadAnew(stage), calls) << "after " << sent << " messages, and these: " << steps;
     heaps.push_back(HeapBytes());
   }
