@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Looks for inputs that do harm: with one fuzz program, or with all in turn. Prints a line for each.
+# Looks for inputs that do harm: with one fuzz program, or with all in turn, and prints a line for each.
 # usage: scripts/fuzz.sh NAME|all [SECONDS | --runs N]    each; 60 seconds without
 set -euo pipefail
 
@@ -10,7 +10,7 @@ names=${1:-}
 [ "$names" != all ] || names=$all
 limit=-max_total_time=${2:-60}
 [ "${2:-}" != --runs ] || limit=-runs=${3:-}
-if [[ -z $names || ! $limit =~ =[0-9]+$ ]] || ! (cd fuzz/corpus && ls $names >/dev/null 2>&1); then
+if [[ -z $names || ! $limit =~ =[0-9]+$ ]] || ! (cd fuzz/corpus && ls -d $names >/dev/null 2>&1); then
   sed -n '3s/^# //p' "$0" >&2
   echo "names: $all" >&2
   exit 2
@@ -28,14 +28,15 @@ printf '%-12s %14s %14s %9s\n' program executions "a second" findings
 for name in $names; do
   log=$work/logs/$name.log grown=$work/corpus/$name
   mkdir -p "$grown"
-  options=(-timeout=20 -rss_limit_mb=1024 -max_len=512 -entropic=0 -print_funcs=0 "-dict=fuzz/dictionaries/$name.dict"
-    "-artifact_prefix=$work/findings/$name-")
+  options=(-timeout=20 -rss_limit_mb=1024 -max_len=512 -entropic=0 -print_funcs=0 -print_final_stats=1
+    "-dict=fuzz/dictionaries/$name.dict" "-artifact_prefix=$work/findings/$name-")
   case $name in
+    messages) options+=(-max_len=256) ;;
     pages) options+=(-detect_leaks=0) ;;  # these two are looked through for leaks at the end: the texts that an engine
     scene) options+=(-detect_leaks=0 -max_len=2048) ;;  # keeps look like some to libFuzzer
   esac
   status=0
-  "build/asan/bin/fuzz_$name" "${options[@]}" -print_final_stats=1 "$limit" "$grown" "fuzz/corpus/$name" >"$log" 2>&1 || status=1
+  "build/asan/bin/fuzz_$name" "${options[@]}" "$limit" "$grown" "fuzz/corpus/$name" >"$log" 2>&1 || status=1
   executions=$(stat number_of_executed_units)
   printf '%-12s %14d %14d %9d\n' "$name" "${executions:-0}" "$(stat average_exec_per_sec)" $status
   found=$((found + status)) sum=$((sum + ${executions:-0}))
