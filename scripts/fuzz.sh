@@ -28,12 +28,12 @@ printf '%-12s %14s %14s %9s\n' program executions "a second" findings
 for name in $names; do
   log=$work/logs/$name.log grown=$work/corpus/$name
   mkdir -p "$grown"
-  options=(-timeout=20 -rss_limit_mb=1024 -max_len=512 -entropic=0 -print_funcs=0 -print_final_stats=1
+  options=(-timeout=20 -rss_limit_mb=1024 -max_len=256 -entropic=0 -print_funcs=0 -print_final_stats=1
     "-dict=fuzz/dictionaries/$name.dict" "-artifact_prefix=$work/findings/$name-")
   case $name in
-    messages) options+=(-max_len=256) ;;
-    pages) options+=(-detect_leaks=0) ;;  # these two are looked through for leaks at the end: the texts that an engine
-    scene) options+=(-detect_leaks=0 -max_len=2048) ;;  # keeps look like some to libFuzzer
+    page) options+=(-max_len=512) ;;
+    pages) options+=(-max_len=512 -detect_leaks=0) ;;   # the last two are looked through for leaks at the end, since the
+    scene) options+=(-max_len=2048 -detect_leaks=0) ;;  # texts that an engine keeps look like some to libFuzzer
   esac
   status=0
   "build/asan/bin/fuzz_$name" "${options[@]}" "$limit" "$grown" "fuzz/corpus/$name" >"$log" 2>&1 || status=1
