@@ -56,7 +56,7 @@ inline constexpr std::array<CommandWord, 13> kCommandWords{{
 
 // Null for a word that is left to the game.
 constexpr const CommandWord* FindCommand(StringView word) {
-  const auto found = std::ranges::find(kCommandWords, word, &CommandWord::word);
+  const auto* found = std::ranges::find(kCommandWords, word, &CommandWord::word);
   return found == kCommandWords.end() ? nullptr : found;
 }
 

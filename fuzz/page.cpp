@@ -23,7 +23,8 @@
 namespace qen::fuzz {
 namespace {
 
-constexpr bool kIsBag = PageFormat::FUZZ_FORMAT == PageFormat::Bag;
+constexpr PageFormat kFormat = PageFormat::FUZZ_FORMAT;
+constexpr bool kIsBag = kFormat == PageFormat::Bag;
 
 template <class Widget>
 std::unique_ptr<ICGUIObject> Make(const IChildNodes& nodes) {
@@ -83,7 +84,7 @@ void DefinitionStage::Read(Input input) {
   const std::optional<String> text = LoadMarkedDefinitionText(kPageFile.data(), tooShort);
   if (text) {
     text_ = ttolowercase(*text);
-    ReadPageHeader(*text, PageFormat::FUZZ_FORMAT, *this);
+    ReadPageHeader(*text, kFormat, *this);
     ReadPageItems(*text, *this);
     if (kIsBag) page_->Pick(nullptr, 0, 0, 0, 0, 0);
     kIsBag ? WriteBag(*page_) : WritePage(*page_, sounds_);

@@ -75,6 +75,7 @@ class BagTest : public GuiTest {
     std::vector<base::DrawItem> items = engine.render.frame.items;
     std::ranges::stable_sort(items, {}, [](const base::DrawItem& item) { return item.world.m[3][0]; });
     std::vector<Seen> seen;
+    seen.reserve(items.size());
     for (const base::DrawItem& item : items) {
       seen.emplace_back(engine.render.frame.vertices.at(item.firstVertex).argb, item.texture);
     }
