@@ -1,5 +1,7 @@
 #include "definitions/style_reader.h"
 
+#include <array>
+
 #include "definitions/definition_text.h"
 #include "formats/definition_words.h"
 
@@ -8,18 +10,25 @@ namespace {
 
 namespace word = formats::word;
 
+struct StyleKey {
+  StringView word;
+  void (*read)(CGUIParser& parser, StyleSettings& style);
+};
+
+constexpr std::array<StyleKey, 3> kStyleKeys{{
+    {word::kColorNormal, [](CGUIParser& parser, StyleSettings& style) { style.color = parser.ReadHex(); }},
+    {word::kFont, [](CGUIParser& parser, StyleSettings& style) { parser.ReadFontBlock(style.font); }},
+    {word::kTexture, [](CGUIParser& parser, StyleSettings& style) { style.texture = parser.NextToken(); }},
+}};
+static_assert(formats::AreRowsOf(kStyleKeys, formats::kStyle));
+
 }  // namespace
 
 void ReadStyle(const String& text, StyleSettings& style) {
   DefinitionPass pass(text);
-  CGUIParser& parser = pass.parser;
-  for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
-    if (token == word::kColorNormal) {
-      style.color = parser.ReadHex();
-    } else if (token == word::kFont) {
-      parser.ReadFontBlock(style.font);
-    } else if (token == word::kTexture) {
-      style.texture = parser.NextToken();
+  for (String token = pass.parser.NextToken(); !token.empty(); token = pass.parser.NextToken()) {
+    for (const StyleKey& key : kStyleKeys) {
+      if (token == key.word) key.read(pass.parser, style);
     }
   }
 }

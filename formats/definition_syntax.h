@@ -8,7 +8,6 @@
 namespace qen::formats {
 
 inline constexpr const Char* kSeparators = u" \t\n\r;";  // between tokens
-inline constexpr StringView kOpen = u"{";                // a token that is skipped wherever it stands
 inline constexpr StringView kClose = u"}";               // ends a block
 
 inline constexpr Char kByteOrderMark = 0xFEFF;     // skipped in page, bag and style files

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 #include "formats/keyword.h"
 #include "formats/widget_kinds.h"

@@ -21,7 +21,7 @@ enum class Value : std::uint8_t {
   Command,  // one token, word and argument with a colon between
   Face,     // a face name, and a block of font keywords
   Block,    // words up to the closing brace
-  Scene,    // a file, and so all that follow
+  Scene,    // a file, as all that follow
   Animation,
   Sound,
   Picture,
@@ -30,8 +30,6 @@ enum class Value : std::uint8_t {
   Style,
   Language,
 };
-
-constexpr bool IsFile(Value value) { return value >= Value::Scene; }
 
 // The numbers that make sense. Readers store all others as well.
 struct Range {
@@ -52,6 +50,11 @@ struct Keyword {
 constexpr const Keyword* Find(std::span<const Keyword> keywords, StringView word) {
   const auto found = std::ranges::find(keywords, word, &Keyword::word);
   return found == keywords.end() ? nullptr : &*found;
+}
+
+// Whether a block follows, up to its closing brace.
+constexpr bool OpensBlock(const Keyword& keyword) {
+  return keyword.value == Value::Block || keyword.value == Value::Face;
 }
 
 // Whether a reader's rows, each with a member `word`, are the keywords of a format, all of them and in their order.

@@ -22,6 +22,15 @@ const char* Name(Value value) {
   return kNames[static_cast<std::size_t>(value)];
 }
 
+// What stands behind the keyword, and from where to where it makes sense.
+std::string Values(const Keyword& keyword) {
+  constexpr Range kAny;
+  std::string text = Name(keyword.value);
+  if (keyword.range.least == kAny.least) return text;
+  text += ", " + std::to_string(keyword.range.least);
+  return text + (keyword.range.most == kAny.most ? " or more" : " to " + std::to_string(keyword.range.most));
+}
+
 std::string Kinds(StringView letters) {
   if (letters == kAnyWidget) return "any widget";
   if (letters == kPageWidgets) return "any but bag slots";
@@ -49,17 +58,17 @@ void PrintTable(Keywords keywords, bool kinds) {
   std::printf("| keyword | value |%s%s sets |\n|---|---|%s%s---|\n", kinds ? " of |" : "", values ? " default |" : "",
               kinds ? "---|" : "", values ? "---|" : "");
   for (const Keyword& keyword : keywords) {
-    std::printf("| %s | %s |", Code(keyword.word).c_str(), Name(keyword.value));
+    std::printf("| %s | %s |", Code(keyword.word).c_str(), Values(keyword).c_str());
     if (kinds) std::printf(" %s |", Kinds(keyword.widgets).c_str());
     if (values) std::printf(" %s |", Code(keyword.otherwise).c_str());
     std::printf(" %s |\n", keyword.help);
   }
 }
 
-void PrintCommands(Argument argument) {
+void PrintPageCommands() {
   std::printf("| word | does |\n|---|---|\n");
   for (const CommandWord& command : kCommandWords) {
-    if ((command.argument == Argument::Widget) != (argument == Argument::Widget)) continue;
+    if (command.argument == Argument::Widget) continue;
     std::printf("| %s | %s |\n", Code(command.word).c_str(), command.help);
   }
 }
@@ -73,7 +82,6 @@ const Table kTables[] = {
     {"description", kDescription},
     {"language", kLanguage},
     {"header", kPageHeader},
-    {"bagkeys", kBagKeys},
     {"item", kItem},
     {"text", kText},
     {"font", kFont},
@@ -89,9 +97,7 @@ void PrintAll() {
     for (const Keyword& keyword : table.keywords) std::printf("\"%s\"\n", Narrow(keyword.word).c_str());
   }
   std::printf("[docs pagecommands]\n");
-  PrintCommands(Argument::Page);
-  std::printf("[docs widgetcommands]\n");
-  PrintCommands(Argument::Widget);
+  PrintPageCommands();
   std::printf("[words commands]\n");
   for (const CommandWord& command : kCommandWords) std::printf("\"%s\"\n", Narrow(command.word).c_str());
 }

@@ -11,12 +11,12 @@
 #include "engine/scene_manager.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
+#include "formats/widget_kinds.h"
 #include "widgets/anim.h"
 
 namespace qen {
 namespace {
 
-constexpr Char kWidgetMark = u'~';
 constexpr std::size_t kFirstWidgets = 16;  // room for so many from the start
 
 StringView Text(const Char* text) { return text != nullptr ? StringView(text) : StringView(); }
@@ -97,7 +97,7 @@ void PageBase::CreateWidgets() {
   const std::size_t count = std::min<std::size_t>(scene->GetNumNodesInRefFile(), nodes.size());
   for (std::size_t i = 0; i < count; ++i) {
     const String& nodeName = nodes[i]->name;
-    if (!nodeName.empty() && nodeName.front() == kWidgetMark) CreateWidget(nodeName);
+    if (!nodeName.empty() && nodeName.front() == formats::kWidgetMark) CreateWidget(nodeName);
   }
 }
 

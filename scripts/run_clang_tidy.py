@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the project's sources, with the compile commands of a build folder.
 
-Sources that are compiled in batches are read in batches, which takes a fifth of the time. A batch is checked again only
-when one of its sources, a header of the project that they reach, its compile command, the checks or clang-tidy itself
+Sources that are compiled in batches are read in batches, so that their headers are read once. A batch is checked again
+only when one of its sources, a header of the project that they reach, its compile command, the checks or clang-tidy itself
 changed. usage: run_clang_tidy.py BUILD_FOLDER [FILE...]    with the batches that the files are in
 """
 

@@ -1,30 +1,26 @@
 #include "host/app/data_check.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "base/utf.h"
+#include "formats/definition_words.h"
 #include "host/app/definition_tokens.h"
 
 namespace qen::host {
 namespace {
 
 using Tokens = std::vector<String>;
+using formats::Value;
 
-constexpr std::array<StringView, 11> kFileKeys{u"lang",       u"tool",        u"name",        u"bagname",
-                                               u"anim",       u"anim_in",     u"anim_out",    u"onmousewav",
-                                               u"onclickwav", u"onaniminwav", u"onanimoutwav"};
-
-// The keys in front of the item blocks with their values, in their order. Other words are passed over.
+// The keys in front of the item blocks: what each value is, and the value, in their order. Other words are passed over.
 template <class Visit>
-void ForEachValue(const Tokens& tokens, Visit visit) {
-  for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != u"item"; ++i) {
-    if (std::ranges::find(kFileKeys, tokens[i]) == kFileKeys.end()) continue;
-    visit(tokens[i], tokens[i + 1]);
-    ++i;
+void ForEachValue(const Tokens& tokens, std::span<const formats::Keyword> keys, Visit visit) {
+  for (std::size_t i = 0; i + 1 < tokens.size() && tokens[i] != formats::word::kItem; ++i) {
+    const formats::Keyword* key = formats::Find(keys, tokens[i]);
+    if (key != nullptr) visit(key->value, tokens[++i]);
   }
 }
 
@@ -32,14 +28,17 @@ class DataCheck {
  public:
   DataCheck(base::IFileBackend& files, base::ISceneBackend& scenes) : files_(files), scenes_(scenes) {}
 
-  std::string CheckDescription(const String& file) {
-    const auto tokens = ReadTokens(files_, file);
-    if (!tokens) return Unreadable(file);
+  std::string CheckDescription(const String& description) {
+    const auto tokens = ReadTokens(files_, description);
+    if (!tokens) return Unreadable(description);
     std::string fault;
-    ForEachValue(*tokens, [&](const String& key, const String& value) {
+    ForEachValue(*tokens, formats::kDescription, [&](Value kind, const String& file) {
       if (!fault.empty()) return;
-      if (key == u"name" || key == u"bagname") fault = CheckPage(value);
-      if ((key == u"lang" || key == u"tool") && !files_.Read(value, bytes_)) fault = Unreadable(value);
+      if (kind == Value::Page || kind == Value::Bag) {
+        fault = CheckPage(file);
+      } else if (!files_.Read(file, bytes_)) {
+        fault = Unreadable(file);
+      }
     });
     return fault;
   }
@@ -52,10 +51,10 @@ class DataCheck {
     if (!tokens) return Unreadable(file);
     if (!BeginsWithName(*tokens)) return base::ToUtf8(file) + kNoName;
     std::string fault;
-    ForEachValue(*tokens, [&](const String& key, const String& value) {
+    ForEachValue(*tokens, formats::kPageHeader, [&](Value kind, const String& value) {
       if (!fault.empty()) return;
-      if (key == u"name") fault = CheckScene(value);
-      if (key.starts_with(u"anim")) fault = CheckAnimation(value);
+      if (kind == Value::Scene) fault = CheckScene(value);
+      if (kind == Value::Animation) fault = CheckAnimation(value);
     });
     return fault;
   }

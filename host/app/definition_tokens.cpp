@@ -5,6 +5,7 @@
 
 #include "base/vfs.h"
 #include "engine/parser.h"
+#include "formats/definition_syntax.h"
 
 namespace qen::host {
 
@@ -13,7 +14,8 @@ std::optional<std::vector<String>> ReadTokens(base::IFileBackend& files, const S
   if (!files.Read(file, bytes)) return std::nullopt;
   const String text = base::DecodeText(bytes);
   std::basic_istringstream<Char> stream(text.substr(0, text.find(u'\0')));
-  Parser parser(stream, u" \t\n\r;\uFEFF");
+  const String separators = formats::kSeparators + String(1, formats::kByteOrderMark);
+  Parser parser(stream, separators.c_str());
   std::vector<String> tokens;
   for (String token = parser.nextlow(false); !token.empty(); token = parser.nextlow(false)) {
     tokens.push_back(std::move(token));

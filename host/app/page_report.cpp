@@ -1,7 +1,5 @@
 #include "host/app/page_report.h"
 
-#include <algorithm>
-#include <array>
 #include <set>
 #include <vector>
 
@@ -13,6 +11,7 @@
 #include "engine/scene.h"
 #include "engine/string_converter.h"
 #include "formats/command_words.h"
+#include "formats/definition_words.h"
 #include "host/app/definition_tokens.h"
 #include "host/app/page_outline.h"
 
@@ -122,14 +121,15 @@ std::string FindEmptyPage(IGui& gui, base::IFileBackend& files) {
 
 void ReportShortStyles(const String& description, base::IFileBackend& files,
                        const std::function<void(const std::string& line)>& print) {
-  constexpr std::array<StringView, 4> kKeysOfFiles{u"lang", u"name", u"bagname", u"tool"};
   constexpr std::size_t kFewest = 2;  // characters
   const auto tokens = ReadTokens(files, description).value_or(std::vector<String>());
   std::vector<std::uint8_t> bytes;
   for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
-    if (std::ranges::find(kKeysOfFiles, tokens[i]) == kKeysOfFiles.end()) continue;
+    const formats::Keyword* key = formats::Find(formats::kDescription, tokens[i]);
+    if (key == nullptr) continue;
     const String& file = tokens[++i];
-    if (tokens[i - 1] != u"tool" || !files.Read(file, bytes) || base::DecodeText(bytes).size() >= kFewest) continue;
+    if (key->value != formats::Value::Style || !files.Read(file, bytes) || base::DecodeText(bytes).size() >= kFewest)
+      continue;
     print(base::ToUtf8(file) + ": too short for a style, so there are no tooltips");
   }
 }

@@ -13,6 +13,7 @@
 #include "engine/gui_widgets.h"
 #include "engine/item_info.h"
 #include "engine/messages.h"
+#include "formats/widget_kinds.h"
 #include "host/app/pages.h"
 #include "host/app/widget_place.h"
 
@@ -55,7 +56,7 @@ std::string ToFileName(StringView name) {
 // A widget's name without the mark and letter of its kind in front.
 StringView PlainName(const ICGUIObject& widget) {
   const StringView name = widget.info->name;
-  return name.starts_with(u'~') && name.size() > 2 ? name.substr(2) : name;
+  return name.starts_with(formats::kWidgetMark) && name.size() > 2 ? name.substr(2) : name;
 }
 
 class Tour {

@@ -35,6 +35,15 @@ std::int32_t AddButton(base::SceneData& scene, const String& name, const Vec3& p
 
 std::string Narrow(StringView text) { return base::ToUtf8(text); }
 
+std::string PlaceOf(const base::Call& call) {
+  std::istringstream matrix(std::get<std::string>(call.arguments[0]));
+  float numbers[16] = {};
+  for (float& number : numbers) matrix >> number;
+  std::ostringstream place;
+  place << numbers[12] << ' ' << numbers[13] << ' ' << numbers[14];
+  return place.str();
+}
+
 GuiTest::GuiTest() {
   module.UseWindow(&engine.window);
   gui = module.Export<ActivateDllFunction>(kActivateDll)();

@@ -73,6 +73,9 @@ std::int32_t AddButton(base::SceneData& scene, const String& name, const Vec3& p
 // Puts what tests print into readable form.
 std::string Narrow(StringView text);
 
+// Where a call of Drawing::DrawText3D draws, "x y z".
+std::string PlaceOf(const base::Call& call);
+
 class GuiTest : public ::testing::Test {
  protected:
   GuiTest();

@@ -214,10 +214,7 @@ class List : public BesideModel {
     DrawPages();
     std::ostringstream drawn;
     for (const base::Call& call : engine.CallsOf("Drawing::DrawText3D")) {
-      std::istringstream matrix(std::get<std::string>(call.arguments[0]));
-      float numbers[16] = {};
-      for (float& number : numbers) matrix >> number;
-      drawn << numbers[12] << ' ' << numbers[13] << ' ' << numbers[14] << std::hex;
+      drawn << PlaceOf(call) << std::hex;
       for (std::size_t i = 1; i < call.arguments.size(); ++i) {
         std::visit([&drawn](const auto& value) { drawn << ' ' << value; }, call.arguments[i]);
       }

@@ -32,12 +32,8 @@ class Text : public GuiTest {
     DrawPages();
     std::ostringstream drawn;
     for (const base::Call& call : engine.CallsOf("Drawing::DrawText3D")) {
-      std::istringstream matrix(std::get<std::string>(call.arguments[0]));
-      float numbers[16] = {};
-      for (float& number : numbers) matrix >> number;
       words = std::get<std::string>(call.arguments[4]);
-      drawn << numbers[12] << ' ' << numbers[13] << ' ' << numbers[14] << " | "
-            << std::get<std::string>(call.arguments[1]) << " | " << std::hex
+      drawn << PlaceOf(call) << " | " << std::get<std::string>(call.arguments[1]) << " | " << std::hex
             << std::get<std::int64_t>(call.arguments[2]) << ' ' << std::get<std::int64_t>(call.arguments[3]) << std::dec
             << ' ' << words << '\n';
     }
