@@ -26,14 +26,6 @@ TextMetric MetricOf(const IFontFace& face) {
   return metric;
 }
 
-float TabWidthOf(IFontFace& face, const TextMetric& metric) {
-  constexpr float kCharacters = 8.0F;
-  std::vector<float> ends;
-  face.Measure(u"x", ends);
-  const float average = ends.empty() ? 0.0F : ends.back();
-  return kCharacters * (average > 0.0F ? average : static_cast<float>(metric.tmHeight) * 0.5F);
-}
-
 // Says all that tells one font from another: "courier -21 0 700", with " italic" at the end.
 String Describe(const FontRequest& request) {
   String name = request.face;
@@ -45,6 +37,14 @@ String Describe(const FontRequest& request) {
 
 }  // namespace
 
+float TabWidthOf(IFontFace& face) {
+  constexpr float kCharacters = 8.0F;
+  std::vector<float> ends;
+  face.Measure(u"x", ends);
+  const float average = ends.empty() ? 0.0F : ends.back();
+  return kCharacters * (average > 0.0F ? average : static_cast<float>(MetricOf(face).tmHeight) * 0.5F);
+}
+
 FontObject::FontObject(StringView name, StringView group, StringView family, std::unique_ptr<IFontFace> face,
                        std::uint32_t id, LogService& log)
     : Font(name, group),
@@ -53,7 +53,7 @@ FontObject::FontObject(StringView name, StringView group, StringView family, std
       log_(log),
       metric_(MetricOf(*face_)),
       id_(id),
-      tabWidth_(TabWidthOf(*face_, metric_)) {}
+      tabWidth_(TabWidthOf(*face_)) {}
 
 void FontObject::ReportSubstitute() const {
   const String substitute = face_->Substitute();

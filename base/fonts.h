@@ -11,6 +11,9 @@
 
 namespace qen::base {
 
+// Eight average characters, in font pixels.
+QEN_API float TabWidthOf(IFontFace& face);
+
 class FontObject final : public Font {
  public:
   // `family` is the one that was asked for.
@@ -25,8 +28,8 @@ class FontObject final : public Font {
   void ReportSubstitute() const;
 
   [[nodiscard]] const TextMetric& GetMetric() const { return metric_; }
-  [[nodiscard]] std::uint32_t GetId() const { return id_; }      // of no other font of this engine, ever
-  [[nodiscard]] float GetTabWidth() const { return tabWidth_; }  // eight average characters, in font pixels
+  [[nodiscard]] std::uint32_t GetId() const { return id_; }  // of no other font of this engine, ever
+  [[nodiscard]] float GetTabWidth() const { return tabWidth_; }
 
  private:
   String family_;

@@ -54,16 +54,19 @@ float NextTabStop(float pen, float tabWidth) {
   return (std::floor(pen / tabWidth + kRounding) + 1.0F) * tabWidth;
 }
 
-void BreakLines(StringView text, std::span<const float> advances, float width, float tabWidth,
+bool BreakLines(StringView text, std::span<const float> advances, float width, float tabWidth,
                 std::vector<StringView>& lines) {
   std::size_t begin = 0;
   std::size_t opportunity = 0;  // the last place to break at, behind `begin`
   float pen = 0.0F;
+  bool cutsWord = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const float end = text[i] == u'\t' ? NextTabStop(pen, tabWidth) : pen + advances[i];
     const bool startsCluster = end > pen;
     if (end > width && startsCluster && i > begin && !IsBlank(text[i])) {
-      const std::size_t cut = opportunity > begin ? opportunity : i;
+      const bool fits = opportunity > begin;
+      const std::size_t cut = fits ? opportunity : i;
+      cutsWord = cutsWord || !fits;
       lines.push_back(WithoutHangingBlanks(text.substr(begin, cut - begin)));
       begin = cut;
       pen = 0.0F;
@@ -75,6 +78,7 @@ void BreakLines(StringView text, std::span<const float> advances, float width, f
     if (clusterEnds && CanBreakBehind(text, i)) opportunity = i + 1;
   }
   lines.push_back(text.substr(begin));
+  return cutsWord;
 }
 
 }  // namespace qen::base

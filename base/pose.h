@@ -37,12 +37,12 @@ Quaternion Sample(const Track<Quaternion>& track, float seconds);
 void ApplyAnimation(const Animation& animation, float frame, std::span<Pose> poses);
 
 // Scale, then rotation, then translation, for row vectors.
-Matrix4x4 ToMatrix(const Pose& pose);
+QEN_API Matrix4x4 ToMatrix(const Pose& pose);
 
 // A mesh's space of x right, y towards the viewer, z up, from glTF's.
 inline Vec3 ToLocal(const Vec3& v) { return {v.x, v.z, v.y}; }
 
 // From a node's local space to the world, given the node's global matrix in the scene file.
-Matrix4x4 ToWorld(const Matrix4x4& global);
+QEN_API Matrix4x4 ToWorld(const Matrix4x4& global);
 
 }  // namespace qen::base

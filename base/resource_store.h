@@ -55,6 +55,6 @@ class ResourceStore {
 };
 
 // Names of files that mean the same file give the same key.
-String FileKey(StringView name);
+QEN_API String FileKey(StringView name);
 
 }  // namespace qen::base

@@ -8,6 +8,7 @@
 #include "base/context.h"
 #include "base/instance.h"
 #include "base/record.h"
+#include "base/scene_boxes.h"
 #include "base/utf.h"
 #include "engine/string_converter.h"
 
@@ -27,31 +28,12 @@ const T* At(const std::vector<T>& entries, std::int32_t position) {
   return inside ? &entries[static_cast<std::size_t>(position)] : nullptr;
 }
 
-bool IsFinite(const Vec3& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
-
 std::vector<Vertex> ToLocal(std::vector<Vertex> vertices) {
   for (Vertex& vertex : vertices) {
     vertex.position = base::ToLocal(vertex.position);
     vertex.normal = base::ToLocal(vertex.normal);
   }
   return vertices;
-}
-
-// The box of every finite vertex, local.
-AABB BoxOf(const std::vector<SubMeshData>& subMeshes) {
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
-  Vec3 low{kInfinity, kInfinity, kInfinity};
-  Vec3 high = -low;
-  for (const SubMeshData& subMesh : subMeshes) {
-    for (const Vertex& vertex : subMesh.vertices) {
-      const Vec3 p = base::ToLocal(vertex.position);
-      if (!IsFinite(p)) continue;
-      low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
-      high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
-    }
-  }
-  if (low.x > high.x) return {};
-  return {low * 0.5F + high * 0.5F, high * 0.5F - low * 0.5F};
 }
 
 bool AreIndicesSound(const SubMeshData& subMesh) {
@@ -128,7 +110,7 @@ class Filler {
     const std::vector<SubMeshData>* subMeshes = At(source_.meshes, source.mesh);
     if (subMeshes == nullptr) return nullptr;
     Mesh& mesh = data_.meshes.emplace_back();
-    mesh.box = BoxOf(*subMeshes);
+    mesh.box = base::BoxOf(*subMeshes);
     mesh.subMeshes.resize(subMeshes->size());
     for (std::size_t i = 0; i < subMeshes->size(); ++i) {
       SubMesh& subMesh = mesh.subMeshes[i];

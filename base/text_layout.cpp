@@ -10,7 +10,8 @@ namespace {
 
 class Layouter {
  public:
-  Layouter(const FontObject& font, const LayoutOptions& options) : font_(font), options_(options) {}
+  Layouter(IFontFace& face, float tabWidth, const LayoutOptions& options)
+      : face_(face), tabWidth_(tabWidth), options_(options) {}
 
   TextLayout Run(StringView text) {
     const String clean = Clean(text);
@@ -42,12 +43,12 @@ class Layouter {
     if (options_.wrapWidth <= 0.0F) return AddLine(text);
     lines_.clear();
     Measure(text);
-    BreakLines(text, advances_, options_.wrapWidth, font_.GetTabWidth(), lines_);
+    if (BreakLines(text, advances_, options_.wrapWidth, tabWidth_, lines_)) layout_.cutsWord = true;
     for (const StringView line : lines_) AddLine(line);
   }
 
   void Measure(StringView text) {
-    font_.GetFace().Measure(text, ends_);
+    face_.Measure(text, ends_);
     ends_.resize(text.size(), ends_.empty() ? 0.0F : ends_.back());
     advances_.resize(text.size());
     float last = 0.0F;
@@ -62,7 +63,7 @@ class Layouter {
     line.firstGlyph = static_cast<std::uint32_t>(layout_.glyphs.size());
     for (auto tab = text.find(u'\t'); tab != StringView::npos; tab = text.find(u'\t')) {
       AddRun(text.substr(0, tab), line);
-      line.width = NextTabStop(line.width, font_.GetTabWidth());
+      line.width = NextTabStop(line.width, tabWidth_);
       text.remove_prefix(tab + 1);
     }
     AddRun(text, line);
@@ -74,7 +75,8 @@ class Layouter {
   // Text without tabs, behind what the line has.
   void AddRun(StringView text, TextLayout::Line& line) {
     if (text.empty()) return;
-    font_.GetFace().Shape(text, options_.style, shaped_);
+    if (!options_.withGlyphs) return AddMeasuredRun(text, line);
+    face_.Shape(text, options_.style, shaped_);
     if (line.width == 0.0F) line.rightToLeft = shaped_.rightToLeft;
     for (Glyph glyph : shaped_.glyphs) {
       glyph.left += line.width;
@@ -84,7 +86,13 @@ class Layouter {
     line.width += shaped_.width;
   }
 
-  const FontObject& font_;
+  void AddMeasuredRun(StringView text, TextLayout::Line& line) {
+    face_.Measure(text, ends_);
+    if (!ends_.empty()) line.width += ends_.back();
+  }
+
+  IFontFace& face_;
+  float tabWidth_;
   const LayoutOptions& options_;
   TextLayout layout_;
   ShapedLine shaped_;
@@ -96,7 +104,11 @@ class Layouter {
 }  // namespace
 
 TextLayout LayOut(const FontObject& font, StringView text, const LayoutOptions& options) {
-  return Layouter(font, options).Run(text);
+  return LayOut(font.GetFace(), font.GetTabWidth(), text, options);
+}
+
+TextLayout LayOut(IFontFace& face, float tabWidth, StringView text, const LayoutOptions& options) {
+  return Layouter(face, tabWidth, options).Run(text);
 }
 
 }  // namespace qen::base

@@ -23,7 +23,8 @@ struct TextLayout {
 
   std::vector<Line> lines;
   std::vector<Glyph> glyphs;
-  float width = 0.0F;  // of the widest line
+  float width = 0.0F;     // of the widest line
+  bool cutsWord = false;  // one is wider than the lines may be
 };
 
 struct LayoutOptions {
@@ -31,10 +32,14 @@ struct LayoutOptions {
   bool singleLine = false;  // line feeds are blanks
   bool expandTabs = false;  // else tabs are blanks
   float wrapWidth = 0.0F;   // 0: lines are as long as they are
+  bool withGlyphs = true;   // else lines are only measured
 
   friend bool operator==(const LayoutOptions&, const LayoutOptions&) = default;
 };
 
 TextLayout LayOut(const FontObject& font, StringView text, const LayoutOptions& options);
+
+// Tab stops are `tabWidth` font pixels apart.
+QEN_API TextLayout LayOut(IFontFace& face, float tabWidth, StringView text, const LayoutOptions& options);
 
 }  // namespace qen::base

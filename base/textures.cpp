@@ -48,11 +48,10 @@ void TextureService::Destroy(Resource* resource) {
 
 std::optional<Image> TextureService::ReadPicture(const String& file) const {
   if (file.empty()) return std::nullopt;  // nobody named one: no fault of its own
-  constexpr const Char* kExtensions[] = {u"", u".png", u".jpg", u".tga", u".bmp"};
   const Backends& backends = engine_.backends;
   std::vector<std::uint8_t> bytes;
-  for (const Char* extension : kExtensions) {
-    if (backends.files == nullptr || !backends.files->Read(file + extension, bytes)) continue;
+  for (const StringView ending : kPictureEndings) {
+    if (backends.files == nullptr || !backends.files->Read(file + String(ending), bytes)) continue;
     std::optional<Image> image;
     if (backends.scenes != nullptr) image = backends.scenes->ParseImage(bytes);
     if (!image) engine_.log.ReportMissing(u"texture", file, u"not a picture");

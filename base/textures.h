@@ -1,6 +1,7 @@
 // The texture manager.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -11,6 +12,9 @@
 namespace qen::base {
 
 struct Context;
+
+// What a picture's name may lack at its end, in the order in which it is tried.
+inline constexpr std::array<StringView, 5> kPictureEndings{u"", u".png", u".jpg", u".tga", u".bmp"};
 
 // A picture at the renderer, for as long as this lives and the engine that made it does.
 class TextureObject final : public Texture {

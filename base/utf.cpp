@@ -1,94 +1,13 @@
 #include "base/utf.h"
 
-#include <algorithm>
-#include <iterator>
+#include "formats/utf8.h"
 
 namespace qen::base {
-namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
-
-bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
-
-// What stands first in a text: a character, or bytes that no character has, as many as one could begin with.
-struct Sequence {
-  std::size_t length = 1;
-  char32_t character = kReplacement;
-  bool isWrong = true;
-};
-
-// The first bytes of well-formed sequences: how many follow, and which the second may be.
-struct Lead {
-  std::uint8_t first, last;
-  std::size_t following;
-  std::uint8_t low, high;
-};
-constexpr Lead kLeads[] = {
-    {0x00, 0x7F, 0, 0x80, 0xBF}, {0xC2, 0xDF, 1, 0x80, 0xBF}, {0xE0, 0xE0, 2, 0xA0, 0xBF},
-    {0xE1, 0xEC, 2, 0x80, 0xBF}, {0xED, 0xED, 2, 0x80, 0x9F}, {0xEE, 0xEF, 2, 0x80, 0xBF},
-    {0xF0, 0xF0, 3, 0x90, 0xBF}, {0xF1, 0xF3, 3, 0x80, 0xBF}, {0xF4, 0xF4, 3, 0x80, 0x8F},
-};
-
-std::uint8_t Byte(char c) { return static_cast<std::uint8_t>(c); }
-
-Sequence Decode(std::string_view text) {
-  const std::uint8_t first = Byte(text[0]);
-  const auto* lead =
-      std::ranges::find_if(kLeads, [first](const Lead& l) { return first >= l.first && first <= l.last; });
-  if (lead == std::end(kLeads)) return {};
-  char32_t character = lead->following == 0 ? first : first & (0x3FU >> lead->following);
-  for (std::size_t i = 1; i <= lead->following; ++i) {
-    const std::uint8_t low = i == 1 ? lead->low : 0x80;
-    const std::uint8_t high = i == 1 ? lead->high : 0xBF;
-    if (i >= text.size() || Byte(text[i]) < low || Byte(text[i]) > high) return {.length = i};
-    character = (character << 6) | (Byte(text[i]) & 0x3FU);
-  }
-  return {lead->following + 1, character, false};
-}
-
-void AppendUtf8(std::string& out, char32_t c) {
-  const auto tail = [&out, c](unsigned shift) { out.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F))); };
-  if (c < 0x80) {
-    out.push_back(static_cast<char>(c));
-  } else if (c < 0x800) {
-    out.push_back(static_cast<char>(0xC0 | (c >> 6)));
-    tail(0);
-  } else if (c < 0x10000) {
-    out.push_back(static_cast<char>(0xE0 | (c >> 12)));
-    tail(6);
-    tail(0);
-  } else {
-    out.push_back(static_cast<char>(0xF0 | (c >> 18)));
-    tail(12);
-    tail(6);
-    tail(0);
-  }
-}
-
-void AppendUtf16(String& out, char32_t c) {
-  if (c < 0x10000) {
-    out.push_back(static_cast<Char>(c));
-    return;
-  }
-  out.push_back(static_cast<Char>(0xD800 + ((c - 0x10000) >> 10)));
-  out.push_back(static_cast<Char>(0xDC00 + ((c - 0x10000) & 0x3FF)));
-}
-
-}  // namespace
 
 std::string ToUtf8(StringView text) {
   std::string out;
   out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char32_t c = text[i];
-    if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      AppendUtf8(out, 0x10000 + ((c - 0xD800) << 10) + (text[i + 1] - 0xDC00U));
-      ++i;
-    } else {
-      AppendUtf8(out, IsHighSurrogate(c) || IsLowSurrogate(c) ? kReplacement : c);
-    }
-  }
+  formats::AppendUtf8(out, text);
   return out;
 }
 
@@ -96,8 +15,8 @@ String ToUtf16(std::string_view text) {
   String out;
   out.reserve(text.size());
   while (!text.empty()) {
-    const Sequence sequence = Decode(text);
-    AppendUtf16(out, sequence.character);
+    const formats::Utf8Sequence sequence = formats::DecodeUtf8(text);
+    formats::AppendUtf16(out, sequence.character);
     text.remove_prefix(sequence.length);
   }
   return out;
@@ -106,8 +25,8 @@ String ToUtf16(std::string_view text) {
 std::optional<WrongByte> FindWrongByte(std::string_view text) {
   WrongByte at;
   while (!text.empty()) {
-    const Sequence sequence = Decode(text);
-    at.byte = Byte(text[0]);
+    const formats::Utf8Sequence sequence = formats::DecodeUtf8(text);
+    at.byte = static_cast<std::uint8_t>(text[0]);
     if (sequence.isWrong) return at;
     ++at.column;
     if (text[0] == '\n') at = {.line = at.line + 1};

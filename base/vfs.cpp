@@ -6,15 +6,10 @@
 
 #include "base/record.h"
 #include "base/utf.h"
+#include "formats/definition_syntax.h"
 
 namespace qen::base {
 namespace {
-
-// A file in UTF-16 has zero bytes wherever it has blanks or Latin letters; one in UTF-8 has none.
-bool IsUtf16(std::span<const std::uint8_t> bytes) {
-  const bool marked = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
-  return marked || std::ranges::find(bytes, std::uint8_t{0}) != bytes.end();
-}
 
 std::string_view AsText(std::span<const std::uint8_t> bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -23,7 +18,7 @@ std::string_view AsText(std::span<const std::uint8_t> bytes) {
 }  // namespace
 
 String DecodeText(std::span<const std::uint8_t> bytes) {
-  if (!IsUtf16(bytes)) return ToUtf16(AsText(bytes));
+  if (!formats::IsReadAsUtf16(bytes)) return ToUtf16(AsText(bytes));
   String text(bytes.size() / 2, u'\0');
   for (std::size_t i = 0; i < text.size(); ++i) {
     text[i] = static_cast<Char>(bytes[2 * i] | (bytes[2 * i + 1] << 8));
@@ -39,7 +34,7 @@ bool FileService::ReadFile(const Char* name, Char*& buffer, std::uint32_t& size)
     log_.ReportMissing(u"file", name);
     return false;
   }
-  if (const auto wrong = IsUtf16(bytes) ? std::nullopt : FindWrongByte(AsText(bytes))) {
+  if (const auto wrong = formats::IsReadAsUtf16(bytes) ? std::nullopt : FindWrongByte(AsText(bytes))) {
     log_.ReportWrongByte(name, *wrong);
   }
   const String text = DecodeText(bytes);

@@ -14,12 +14,13 @@ set_target_properties(gui PROPERTIES EXPORT_NAME module INSTALL_RPATH ${own_fold
 set(targets engine base gui)
 if(GUI_BUILD_HOST)
   set_target_properties(guihost PROPERTIES INSTALL_RPATH ${own_folder}/${GUI_PROGRAMS_TO_LIBRARIES})
-  list(APPEND targets guihost)
+  list(APPEND targets analysis formats guihost)
 endif()
 install(
   TARGETS ${targets}
   EXPORT gui_targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${headers})
 
 # Of base only what a host includes; the rest is its own.
@@ -34,6 +35,10 @@ install(
   FILES_MATCHING
   PATTERN *.h)
 install(FILES base/call_record.h base/clock.h base/draw_list.h base/engine.h base/utf.h DESTINATION ${headers}/base)
+if(GUI_BUILD_HOST)
+  install(FILES analysis/check.h analysis/finding.h analysis/printers.h analysis/rules.h
+          DESTINATION ${headers}/analysis)
+endif()
 
 install(
   DIRECTORY samples

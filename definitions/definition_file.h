@@ -8,10 +8,6 @@ namespace qen {
 // A name whose second character is ":" as it is, any other behind the engine's base path.
 String ResolvePath(StringView name);
 
-// Copies the file, if there is one, to the first free numbered name in the folder "bak" beside it. The folders on the
-// way are made. Failures are ignored.
-void MakeBackup(const String& path);
-
 // Writes a text as UTF-16LE with its byte-order mark and ending zeros. False when it cannot be written; what was there
 // before is then still there.
 bool WriteDefinitionFile(const String& path, StringView text);

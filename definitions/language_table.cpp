@@ -4,6 +4,7 @@
 #include "engine/string_converter.h"
 #include "formats/definition_syntax.h"
 #include "formats/definition_words.h"
+#include "formats/text_escapes.h"
 
 namespace qen {
 namespace {
@@ -13,30 +14,13 @@ using Texts = std::unordered_map<std::uint32_t, String>;
 constexpr StringView kSection = formats::word::kLang;
 constexpr StringView kEntryPrefix = formats::word::kTextPrefix;
 
-// A backslash and n or t stand for a line feed and a tab; any other character behind a backslash stands for itself. A
-// backslash at the very end stays.
-String ConvertEscapes(StringView token) {
-  String text;
-  text.reserve(token.size());
-  for (std::size_t i = 0; i < token.size(); ++i) {
-    const bool escape = token[i] == u'\\' && i + 1 < token.size();
-    if (!escape) {
-      text += token[i];
-      continue;
-    }
-    const Char next = token[++i];
-    text += next == u'n' ? u'\n' : next == u't' ? u'\t' : next;
-  }
-  return text;
-}
-
 void ReadSection(CGUIParser& parser, Texts& texts) {
   for (String token = parser.NextToken(); !token.empty(); token = parser.NextToken()) {
     if (token.starts_with(kEntryPrefix)) {
       const std::int32_t id = StringConverter::ParseInt(StringView(token).substr(kEntryPrefix.size()));
       token = parser.NextToken();
       if (token.empty()) return;
-      token = ConvertEscapes(token);
+      token = formats::Unescaped(token);
       texts.try_emplace(static_cast<std::uint32_t>(id), token);
     }
     if (token == formats::kClose) return;

@@ -7,6 +7,7 @@
 #include "engine/output.h"
 #include "engine/platform.h"
 #include "engine/system.h"
+#include "formats/backup.h"
 #include "formats/command_words.h"
 #include "module/book.h"
 #include "module/book_busy.h"
@@ -71,7 +72,7 @@ TextTable CGUIBook::GetTexts() { return ModuleLanguageTable().Texts(); }
 void CGUIBook::SaveLanguage(String sourceFile) {
   const Busy busy(*this);
   const String path = ResolvePath(languageFile_);
-  MakeBackup(path);
+  formats::MakeBackup(path);
   platform::CopyFileW(sourceFile.c_str(), path.c_str(), false);
 }
 
@@ -97,7 +98,7 @@ void CGUIBook::SaveStyle() {
   const Busy busy(*this);
   if (!style_.IsNamed()) return;
   const String path = ResolvePath(style_.FileName());
-  MakeBackup(path);
+  formats::MakeBackup(path);
   WriteDefinitionFile(path, WriteStyle(style_.Settings()));
 }
 

@@ -10,6 +10,7 @@
 #include "engine/bag_entry.h"
 #include "engine/ray.h"
 #include "engine/viewport.h"
+#include "formats/backup.h"
 #include "pages/page_renderer.h"
 #include "widgets/quad.h"
 
@@ -124,7 +125,7 @@ void CGUIBagPage::Render(Viewport* viewport) {
 
 bool CGUIBagPage::Save(const Char* file) {
   const String path = ResolvePath(file != nullptr ? file : u"");
-  MakeBackup(path);
+  formats::MakeBackup(path);
   return WriteDefinitionFile(path, WriteBag(*this));
 }
 

@@ -19,6 +19,7 @@
 #include "engine/render_client.h"
 #include "engine/scene_manager.h"
 #include "engine/system.h"
+#include "formats/backup.h"
 #include "pages/page_renderer.h"
 #include "widgets/button.h"
 #include "widgets/check_button.h"
@@ -119,7 +120,7 @@ void CGUIPage::Render(Viewport* viewport) {
 
 bool CGUIPage::Save(const Char* file) {
   const String path = ResolvePath(file != nullptr ? file : u"");
-  MakeBackup(path);
+  formats::MakeBackup(path);
   const PageSoundFiles sounds{sounds_.FileName(sound_kind::kMouse), sounds_.FileName(sound_kind::kClick),
                               sounds_.FileName(sound_kind::kAnimIn), sounds_.FileName(sound_kind::kAnimOut)};
   if (WriteDefinitionFile(path, WritePage(*this, sounds))) return true;

@@ -2,25 +2,22 @@
 
 #include "engine/camera.h"
 #include "engine/scene.h"
+#include "formats/page_view.h"
 
 namespace qen {
 namespace {
 
-constexpr float kNear = 1.0F;
-constexpr float kFar = 80000.0F;
 constexpr float kAspect = 1.3333334F;
-constexpr float kFieldOfView = 0.7853982F;  // a quarter of pi
-constexpr Vec3 kEye{0.0F, 0.0F, -144.1F};
 constexpr Vec3 kUp{0.0F, 1.0F, 0.0F};
 
-const String kCameraNode = u"Camera01";
+const String kCameraNode(formats::kCameraNode);
 constexpr double kAngleFactor = 1.3F;  // scene files hold the angle times so much, in single precision
 
 }  // namespace
 
 void SetDefaultCamera(Camera& camera) {
-  camera.SetProjection(kNear, kFar, kAspect, kFieldOfView);
-  camera.SetLookAt(kEye, Vec3{}, kUp);
+  camera.SetProjection(formats::kNearPlane, formats::kFarPlane, kAspect, formats::kFieldOfView);
+  camera.SetLookAt(formats::kEye, Vec3{}, kUp);
 }
 
 void SetSceneCamera(Camera& camera, const SimpleScene& scene) {

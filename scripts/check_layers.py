@@ -16,8 +16,9 @@ ALLOWED = {
     "definitions": ["engine", "formats", "commands", "widgets"],
     "pages": ["engine", "formats", "commands", "widgets", "definitions"],
     "module": ["engine", "formats", "commands", "widgets", "definitions", "pages"],
-    "base": ["engine"],
-    "host": ["engine", "formats", "base"],
+    "base": ["engine", "formats"],
+    "analysis": ["engine", "formats", "base"],
+    "host": ["engine", "formats", "base", "analysis"],
 }
 NO_LIBRARIES = MODULE_FOLDERS + ["base"]  # the standard library alone
 SYSTEM_HEADERS = {"engine": {"windows.h", "mmsystem.h"}, "base": {"fcntl.h", "io.h", "sys/stat.h", "unistd.h", "windows.h"}}

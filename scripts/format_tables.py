@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Puts the tables that the program print_tables prints into the documents and the fuzz programs' dictionaries.
+"""Puts what the programs print_tables and print_checks print into the documents and the fuzz programs' dictionaries.
 
-They stand between lines such as "<!-- begin item -->" and "<!-- end -->" of a document, "# begin item text" and "# end"
-of a dictionary. usage: format_tables.py PRINT_TABLES [--check]    with --check it tells what it would change, and fails
+It stands between lines such as "<!-- begin item -->" and "<!-- end -->" of a document, "# begin item text" and "# end"
+of a dictionary. usage: format_tables.py PROGRAM... [--check]    with --check it tells what it would change, and fails
 """
 
 import re
@@ -17,16 +17,18 @@ MARKED = {
 }
 
 
-def read_tables(program):
-    printed = subprocess.run([program], check=True, stdout=subprocess.PIPE, text=True).stdout
+def read_tables(programs):
+    printed = "".join(subprocess.run([program], check=True, stdout=subprocess.PIPE, text=True).stdout for program in programs)
     parts = re.split(r"^\[(\w+) (\w+)\]\n", printed, flags=re.MULTILINE)[1:]
     return {(kind, name): table for kind, name, table in zip(*[iter(parts)] * 3)}
 
 
 def main():
-    if len(sys.argv) not in (2, 3) or sys.argv[2:] not in ([], ["--check"]):
-        sys.exit("usage: format_tables.py PRINT_TABLES [--check]")
-    tables, used, stale = read_tables(sys.argv[1]), set(), []
+    checks = sys.argv[-1] == "--check"
+    programs = sys.argv[1:-1] if checks else sys.argv[1:]
+    if not programs:
+        sys.exit("usage: format_tables.py PROGRAM... [--check]")
+    tables, used, stale = read_tables(programs), set(), []
     for kind, (patterns, mark) in MARKED.items():
         for path in sources.files(*patterns):
             def fill(match):
@@ -37,13 +39,13 @@ def main():
             new = mark.sub(fill, text)
             if new != text:
                 stale.append(path)
-                if len(sys.argv) == 2:
+                if not checks:
                     with open(path, "w", encoding="utf-8") as file:
                         file.write(new)
     for path in stale:
-        print(f"{path}: its tables are not those of formats/" if len(sys.argv) == 3 else f"{path}: tables renewed")
+        print(f"{path}: its tables are not those of the program" if checks else f"{path}: tables renewed")
     print(f"{len(used)} tables")
-    return 1 if stale and len(sys.argv) == 3 else 0
+    return 1 if stale and checks else 0
 
 
 if __name__ == "__main__":

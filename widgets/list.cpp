@@ -14,6 +14,7 @@
 #include "engine/scene_node.h"
 #include "engine/system.h"
 #include "engine/widget_state.h"
+#include "formats/text_measures.h"
 #include "widgets/bind_child.h"
 #include "widgets/hit_test.h"
 #include "widgets/item.h"
@@ -195,7 +196,7 @@ void CGUIList::Select(CGUIItem& item, bool selected) {
 void CGUIList::Render(const Matrix4x4& world, const AABB& /*box*/) {
   if (style_ == nullptr || style_->GetFont() == nullptr) return;
   Drawing drawing;
-  drawing.BeginText3D(CGUIText::kScale);
+  drawing.BeginText3D(formats::kUnitsAPixel);
   drawing.SetFont(style_->GetFont());
   Matrix4x4 matrix = world * listMatrix_;
   float height = boxHeight_;

@@ -12,6 +12,7 @@
 #include "engine/string_converter.h"
 #include "engine/system.h"
 #include "engine/widget_state.h"
+#include "formats/text_measures.h"
 #include "widgets/bind_child.h"
 #include "widgets/caret.h"
 #include "widgets/hit_test.h"
@@ -143,13 +144,13 @@ void CGUIText::TakeKey() {
 float CGUIText::LineHeight() const {
   TextMetric metric;
   if (font_ != nullptr) font_->GetTextMetric(metric);
-  return static_cast<float>(metric.tmHeight) * kScale;
+  return static_cast<float>(metric.tmHeight) * formats::kUnitsAPixel;
 }
 
 void CGUIText::Render(const Matrix4x4& world, const AABB& box) {
   if (font_ == nullptr) return;
   Drawing drawing;
-  drawing.BeginText3D(kScale);
+  drawing.BeginText3D(formats::kUnitsAPixel);
   drawing.SetFont(font_);
 
   const float lineHeight = LineHeight();

@@ -45,6 +45,9 @@ class IFontFace {
   // The family that stands in for the one asked for; empty when it is that one.
   [[nodiscard]] virtual String Substitute() const { return {}; }
 
+  // Whether it, or a face that stands in for what it lacks, has a picture of the character.
+  [[nodiscard]] virtual bool Has(char32_t) { return true; }
+
   // Shapes one line (no line feeds; bidirectional order, combining marks, kerning and fallback faces included). `line`
   // is cleared first and keeps its storage.
   virtual void Shape(StringView text, GlyphStyle style, ShapedLine& line) = 0;

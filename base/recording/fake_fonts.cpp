@@ -9,6 +9,8 @@ namespace {
 
 constexpr Char kFirstHebrew = 0x0590;
 constexpr Char kLastArabic = 0x06FF;
+constexpr char32_t kFirstPrivate = 0xE000;
+constexpr char32_t kLastPrivate = 0xF8FF;
 
 bool JoinsBefore(Char c) { return (c >= 0x300 && c <= 0x36F) || (c >= 0xDC00 && c < 0xE000); }
 bool HasNoInk(Char c) { return c == u' ' || c == u'\t' || c == 0x3000; }
@@ -24,6 +26,8 @@ class FakeFace final : public IFontFace {
     const auto ascent = static_cast<std::int32_t>(std::int64_t{height_} * 4 / 5);
     return {height_, ascent, height_ - ascent};
   }
+
+  [[nodiscard]] bool Has(char32_t c) override { return c < kFirstPrivate || c > kLastPrivate; }
 
   void Shape(StringView text, GlyphStyle style, ShapedLine& line) override {
     ++owner_.shapeCount;

@@ -14,7 +14,8 @@ inline constexpr std::uint32_t kDistanceFieldTexture = 9002;
 
 // A font of height h (either sign, 0 is 16) has cells of |h| pixels, four fifths of them above the base line; each
 // character is |h| / 2 wide and fills its cell. Combining marks (U+0300 to U+036F) and the second half of a surrogate
-// pair belong to the cluster before them and take no room. Blanks have no picture.
+// pair belong to the cluster before them and take no room. Blanks have no picture; characters for private
+// use (U+E000 to U+F8FF) are missing.
 class QEN_API FakeFonts final : public IFontBackend {
  public:
   std::unique_ptr<IFontFace> CreateFace(const FontRequest& request) override;

@@ -18,8 +18,12 @@ fs::path FolderOf(const fs::path& file) { return file.has_parent_path() ? file.p
 
 }  // namespace
 
+String GameScriptName(const GameData& data) {
+  return data.description.substr(0, data.description.find_last_of(u"/\\") + 1) + u"game.lua";
+}
+
 std::optional<FoundScript> FindGameScript(const GameData& data, PhysfsFiles& files) {
-  const String name = data.description.substr(0, data.description.find_last_of(u"/\\") + 1) + u"game.lua";
+  const String name = GameScriptName(data);
   std::vector<std::uint8_t> bytes;
   if (data.description.empty() || !files.Read(name, bytes)) return std::nullopt;
   const fs::path file = data.folder / base::ToUtf8(name);

@@ -23,7 +23,10 @@ struct FoundScript {
   std::string text;
 };
 
-// The script that plays the game's part, "game.lua" beside the description; nothing when there is none.
+// The file of the data that plays the game's part, "game.lua" beside the description.
+String GameScriptName(const GameData& data);
+
+// That script; nothing when there is none.
 std::optional<FoundScript> FindGameScript(const GameData& data, PhysfsFiles& files);
 
 // Mounts the folder of a description that is a file, then each of `places` over it. Otherwise the description is a name

@@ -48,6 +48,37 @@ bool ParsePageSave(const std::string& text, Options& options) {
   return true;
 }
 
+FindingFormat ParseFormat(const std::string& name) {
+  constexpr std::pair<const char*, FindingFormat> kFormats[] = {
+      {"text", FindingFormat::Text}, {"json", FindingFormat::Json}, {"sarif", FindingFormat::Sarif}};
+  for (const auto& [known, format] : kFormats) {
+    if (name == known) return format;
+  }
+  throw CLI::ValidationError("--format", name + " is not text, json or sarif");
+}
+
+void DeclareCheck(CLI::App& app, Options& options) {
+  CheckOptions& check = options.check;
+  CLI::App* command = app.add_subcommand("check", "Looks for mistakes in a GUI's files (docs/checks.md)");
+  command->add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style")
+      ->required();
+  command
+      ->add_option_function<std::string>(
+          "--format", [&check](const std::string& name) { check.format = ParseFormat(name); },
+          "How findings are printed; text without it")
+      ->type_name("text|json|sarif");
+  command->add_flag("--strict", check.strict, "Warnings, too, end with status 1");
+  command->add_flag("--fix", check.fix, "Mends what is certain, and keeps what was there in the folder bak");
+  command->add_option("--language", check.languages, "Whose words are looked at; all without it; may be given again")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  command->add_option("--rule", check.rules, "How severe a rule is: off, note, warning or error; may be given again")
+      ->type_name("ID=LEVEL")
+      ->allow_extra_args(false);
+  command->fallthrough();
+  command->callback([&check] { check.isWanted = true; });
+}
+
 void Declare(CLI::App& app, Options& options) {
   app.add_option("GUI_DESCRIPTION", options.description, "The file that names the GUI's pages, texts and style");
   app.add_option("--page", options.page, "The page to show first; the description's first page without it")
@@ -85,7 +116,9 @@ void Declare(CLI::App& app, Options& options) {
       ->check(CLI::PositiveNumber);
   app.add_flag("--realtime", options.realtime, "A script's frames take as long as they last");
   app.add_flag("--update", options.update, "Scripts replace golden pictures instead of comparing with them");
-  app.add_option("--language", options.language, "The language of the texts, english without it")->type_name("NAME");
+  app.add_option("--language", options.language,
+                 "The language of the texts, english without it; pseudo: with accents, and longer")
+      ->type_name("NAME");
   app.add_option("--data", options.data,
                  "Files are looked for there too; may be given again, later ones come before earlier ones")
       ->type_name("FOLDER_OR_ZIP")
@@ -97,7 +130,9 @@ void Declare(CLI::App& app, Options& options) {
   CLI::App* test = app.add_subcommand("test", "Runs every script of a folder as a test, each with a GUI of its own");
   test->add_option("FOLDER", options.testFolder, "Where the scripts are")->required();
   test->add_option("GUI_DESCRIPTION", options.description, "gui.txt beside the folder without it");
+  test->add_flag("--strict", options.strict, "Fails, too, when `guihost check --strict` would");
   test->fallthrough();
+  DeclareCheck(app, options);
   app.set_help_flag("--help", "Prints this help and ends");
   app.set_version_flag("--version", "guihost " GUIHOST_VERSION, "Prints the version and ends");
   app.footer(kFooter);

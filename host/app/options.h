@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "host/check/check_options.h"
+
 namespace qen::host {
 
 struct PageSave {
@@ -33,6 +35,8 @@ struct Options {
   std::string script;
   std::string testFolder;  // not empty: its scripts are run as tests, and nothing else is done
   double timeout = 60.0;   // seconds a script
+  CheckOptions check;
+  bool strict = false;  // tests fail for what a check finds, too
   bool realtime = false;
   bool update = false;
   bool fps = false;

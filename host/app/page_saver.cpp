@@ -5,25 +5,15 @@
 #include "base/file_paths.h"
 #include "base/utf.h"
 #include "engine/system.h"
+#include "formats/backup.h"
 
 namespace qen::host {
 namespace {
 
 namespace fs = std::filesystem;
 
-// Where the GUI will keep what is there now.
-fs::path NextBackup(const fs::path& file) {
-  const fs::path folder = file.parent_path() / "bak";
-  fs::path backup;
-  int number = 0;
-  do {
-    backup = folder / (file.filename().string() + std::to_string(number++));
-  } while (fs::exists(backup));
-  return backup;
-}
-
 std::string Save(IGui& gui, std::uint32_t page, const String& name, const fs::path& file) {
-  const fs::path backup = NextBackup(file);
+  const fs::path backup = base::ResolvePath(formats::NextBackup(base::ToUtf16(file.string()))).lexically_normal();
   if (!gui.SavePage(name.c_str(), page)) throw std::runtime_error("cannot save " + file.string());
   const std::string saved = "saved " + file.string();
   return fs::exists(backup) ? saved + "; what was there is " + backup.string() : saved;

@@ -3,7 +3,9 @@
 #include <SDL.h>
 
 #include <cstdio>
+#include <exception>
 #include <optional>
+#include <string_view>
 
 #include "base/utf.h"
 #include "host/app/display.h"
@@ -15,6 +17,7 @@
 #include "host/app/tour.h"
 #include "host/app/trace_file.h"
 #include "host/app/window_loop.h"
+#include "host/check/check_command.h"
 #include "host/files/file_watch.h"
 #include "host/script/script.h"
 
@@ -65,23 +68,42 @@ void Play(const Options& options) {
   if (playsTour || !options.shot.empty()) stage.RequireAllPages();
 }
 
-}  // namespace
+int CheckFiles(const Options& options) {
+  PhysfsFiles files;
+  const GameData data = MountGameData(options.description, options.data, files);
+  GuiCheck check(data.description, GameScriptName(data), files);
+  return RunCheckCommand(options.check, check, files);
+}
 
-bool Run(int argc, const char* const* argv) {
-  const std::optional<Options> options = ParseOptions(argc, argv);
-  if (!options) return true;
+int RunOptions(const Options& options) {
+  if (options.check.isWanted) return CheckFiles(options);
   // Interrupting ends the program at once, also where nothing takes events.
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   std::optional<TraceFile> trace;
-  if (!options->trace.empty()) trace.emplace(options->trace);
+  if (!options.trace.empty()) trace.emplace(options.trace);
   bool passed = true;
-  if (options->testFolder.empty()) {
-    Play(*options);
+  if (options.testFolder.empty()) {
+    Play(options);
   } else {
-    passed = RunScriptTests(*options);
+    passed = RunScriptTests(options);
   }
   if (trace) trace->Finish();
-  return passed;
+  return passed ? 0 : 1;
+}
+
+}  // namespace
+
+int Run(int argc, const char* const* argv) {
+  constexpr int kFailed = 1;
+  constexpr int kNotChecked = 2;
+  const bool checks = argc > 1 && argv[1] == std::string_view("check");
+  try {
+    const std::optional<Options> options = ParseOptions(argc, argv);
+    return options ? RunOptions(*options) : 0;
+  } catch (const std::exception& problem) {
+    std::fprintf(stderr, "guihost: %s\n", problem.what());
+    return checks ? kNotChecked : kFailed;
+  }
 }
 
 }  // namespace qen::host

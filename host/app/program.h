@@ -3,8 +3,8 @@
 
 namespace qen::host {
 
-// False when tests were run and one failed. Throws std::exception, with one line that says why, when it cannot do what
-// it is asked for.
-bool Run(int argc, const char* const* argv);
+// The program's exit status: 0; 1 when tests failed, a check found errors, or, with a line on standard error, it could
+// not do what it is asked for; 2 when that was a check.
+int Run(int argc, const char* const* argv);
 
 }  // namespace qen::host

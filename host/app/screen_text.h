@@ -21,8 +21,8 @@ class ScreenText {
   ScreenText(const ScreenText&) = delete;
   ScreenText& operator=(const ScreenText&) = delete;
 
-  // Lines on a dark plate in the upper left corner, `top` pixels below the edge.
-  void Draw(std::span<const String> lines, std::int32_t top);
+  // Lines on a dark plate in the upper left corner, `top` pixels below the edge; long ones are wrapped.
+  void Draw(std::span<const String> text, std::int32_t top, std::int32_t screenWidth);
 
  private:
   Font* font_;

@@ -4,15 +4,16 @@
 #include <stdexcept>
 #include <string>
 
+#include "analysis/printers.h"
 #include "base/utf.h"
+#include "engine/gui_page_object.h"
 #include "engine/messages.h"
 #include "engine/msg_daemon.h"
 #include "engine/output.h"
+#include "engine/scene.h"
 #include "engine/string_converter.h"
 #include "engine/system.h"
-#include "host/app/data_check.h"
 #include "host/app/gui_state.h"
-#include "host/app/page_report.h"
 #include "host/app/pages.h"
 #include "host/app/picture_file.h"
 #include "host/app/widget_place.h"
@@ -36,7 +37,30 @@ void WarnInLog(StringView line) { System::output->PrintError(u"%s\n", String(lin
 
 void WarnOf(const std::string& line) { WarnInLog(base::ToUtf16(line)); }
 
-void PrintLine(std::FILE* to, const std::string& line) {
+// Some of the lines, for the screen.
+std::vector<String> FirstLines(const analysis::Report& report) {
+  constexpr std::size_t kMost = 8;
+  std::vector<String> lines;
+  for (const analysis::Finding& finding : report.findings) {
+    if (lines.size() == kMost) break;
+    lines.push_back(base::ToUtf16(analysis::PrintLine(finding)));
+  }
+  const std::size_t left = report.findings.size() - lines.size();
+  if (left > 0) lines.push_back(base::ToUtf16("and " + std::to_string(left) + " more"));
+  return lines;
+}
+
+bool HasScene(const ICGUIPageObject& page) {
+  return page.scene != nullptr && (page.instance != nullptr || !page.scene->GetNodes().empty());
+}
+
+// Only where that language is asked for.
+std::unique_ptr<PseudoLanguageFiles> PseudoFilesOf(StringView language, const String& description, PhysfsFiles& files) {
+  if (language != analysis::kPseudoLanguage) return nullptr;
+  return std::make_unique<PseudoLanguageFiles>(files, description);
+}
+
+void PrintTo(std::FILE* to, const std::string& line) {
   std::fprintf(to, "%s\n", line.c_str());
   std::fflush(to);  // whoever reads it through a pipe sees it now
 }
@@ -47,6 +71,7 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
     : offscreen_(stageOptions.offscreen),
       quiet_(stageOptions.quiet),
       data_(MountGameData(options.description, options.data, files_)),
+      pseudo_(PseudoFilesOf(base::ToUtf16(options.language), data_.description, files_)),
       window_(ToWindowOptions(options, stageOptions)),
       renderer_({.toWindow = !stageOptions.offscreen, .onError = {}}),
       fonts_(renderer_.GlyphPages()),
@@ -58,13 +83,14 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
                .fonts = &fonts_,
                .scenes = &scenes_,
                .sound = sounds_.get(),
-               .files = &files_,
+               .files = pseudo_ ? static_cast<base::IFileBackend*>(pseudo_.get()) : &files_,
                .ime = &ime_,
                .clock = stageOptions.manualClock ? &clock_ : nullptr}),
       game_([this](const std::string& line) {
-        if (!quiet_) PrintLine(stdout, line);
+        if (!quiet_) PrintTo(stdout, line);
       }),
       viewport_(&camera_),
+      check_(data_.description, GameScriptName(data_), files_),
       module_(options.module.empty() ? DefaultModuleFile() : options.module) {
   engine_.SetLogSink([this](StringView line, bool error) { OnLog(line, error); });
   Resize();
@@ -74,9 +100,6 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
 
 bool Stage::LoadDescription(const String& file) {
   const bool loaded = Gui().Load(file.c_str(), &camera_);
-  ReportShortStyles(file, files_, WarnOf);
-  ReportIncompletePages(Gui(), files_, WarnOf);
-  if (emptyPage_.empty()) emptyPage_ = FindEmptyPage(Gui(), files_);
   Gui().SetViewport(&viewport_);
   Send(message::kMouseMove);  // the GUI asks where the cursor is
   return loaded;
@@ -84,13 +107,14 @@ bool Stage::LoadDescription(const String& file) {
 
 void Stage::OnLog(StringView line, bool error) const {
   if (logListener_) logListener_(line);
-  if (error || !quiet_) PrintLine(error ? stderr : stdout, base::ToUtf8(line));
+  if (error || !quiet_) PrintTo(error ? stderr : stdout, base::ToUtf8(line));
 }
 
 void Stage::Load(const Options& options) {
   System::SetBasePath(base::ToUtf16(data_.folder.string() + '/'));
   if (options.description.empty()) return;
   LoadDescription(data_.description);  // it can be read; false says that a style is too short
+  if (!quiet_) TellProblems(check_.RunForProblems());
   if (!options.language.empty()) ChooseLanguage(base::ToUtf16(options.language));
   ShowFirstPage(base::ToUtf16(options.page));
 }
@@ -176,35 +200,47 @@ void Stage::DrawScreenText() {
   if (lines.empty()) return;
   constexpr std::int32_t kTop = 8;
   if (!screenText_) screenText_.emplace();
-  screenText_->Draw(lines, kTop);
+  screenText_->Draw(lines, kTop, window_.ClientSize().x);
 }
 
 void Stage::ShowKeys(StringView keys) { keys_ = keys.empty() ? std::vector<String>() : SplitString(keys, u"\n", 0); }
 
-void Stage::RequireAllPages() const {
-  if (!emptyPage_.empty()) throw std::runtime_error(emptyPage_);
+void Stage::RequireAllPages() {
+  for (std::uint32_t i = 0; i < Gui().GetPageCount(); ++i) {
+    if (HasScene(*Gui().GetPage(i))) continue;
+    const analysis::Report report = check_.Run();
+    const analysis::Finding* fault = report.FirstFault();
+    throw std::runtime_error(fault != nullptr ? analysis::PrintLine(*fault)
+                                              : base::ToUtf8(Gui().GetPageFile(i)) + " has no scene");
+  }
 }
 
-std::string Stage::FaultOfData() {
+void Stage::TellProblems(const analysis::Report& report) {
+  for (const analysis::Finding& finding : report.findings) WarnOf(analysis::PrintLine(finding));
+  if (!offscreen_) notice_ = FirstLines(report);
+}
+
+analysis::Report Stage::CheckData() {
   try {
     files_.OpenAnew();
   } catch (const std::runtime_error& problem) {
-    return problem.what();
+    RefuseToLoad(problem.what());
   }
-  return FindFault(data_.description, files_, scenes_);
+  return check_.RunForProblems();
+}
+
+void Stage::RefuseToLoad(const std::string& fault) {
+  notice_ = {base::ToUtf16("not loaded: " + fault)};
+  throw std::runtime_error("not loaded: " + fault);
 }
 
 void Stage::Reload() {
-  const std::string fault = FaultOfData();
-  notice_.clear();
-  if (!fault.empty()) {
-    notice_.push_back(base::ToUtf16("not loaded: " + fault));
-    throw std::runtime_error("not loaded: " + fault);
-  }
+  const analysis::Report report = CheckData();
+  TellProblems(report);
+  if (const analysis::Finding* fault = report.FirstFault()) RefuseToLoad(analysis::PrintLine(*fault));
   const GuiState state(Gui());
   if (reloadListener_) reloadListener_();
   Gui().Release();
-  emptyPage_.clear();
   LoadDescription(data_.description);
   state.Restore(Gui());
 }

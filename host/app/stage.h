@@ -21,6 +21,8 @@
 #include "host/app/options.h"
 #include "host/app/screen_text.h"
 #include "host/app/unseen_pages.h"
+#include "host/check/gui_check.h"
+#include "host/check/pseudo_language_files.h"
 #include "host/files/physfs_files.h"
 #include "host/fonts/freetype_fonts.h"
 #include "host/render/gl_renderer.h"
@@ -63,12 +65,15 @@ class Stage {
 
   [[nodiscard]] std::vector<std::filesystem::path> DataPlaces() const { return files_.Places(); }
 
-  // Throws std::runtime_error, with one line, when a page is empty because its file or its scene could not be loaded.
-  void RequireAllPages() const;
+  // Throws std::runtime_error, with one line, when a page is empty, since its file or its scene could not be loaded.
+  void RequireAllPages();
 
-  // Loads everything anew and shows again what was shown. When something cannot be loaded, all stays as it is, with a
-  // line on screen that says why, and std::runtime_error is thrown with that line.
+  // Tells what is wrong with the files, loads everything anew and shows again what was shown. When something cannot be
+  // loaded, all stays as it is, with a line on screen that says why, and std::runtime_error is thrown with that line.
   void Reload();
+
+  // The lines on screen about files; shown where there is a window.
+  void HideProblems() { notice_.clear(); }
 
   void ShowKeys(StringView keys);  // a text of lines over the GUI; empty for none
   [[nodiscard]] bool ShowsKeys() const { return !keys_.empty(); }
@@ -108,7 +113,9 @@ class Stage {
  private:
   void Load(const Options& options);
   void SendInput(std::uint32_t id, std::uint32_t value);
-  std::string FaultOfData();  // what keeps the GUI from being loaded anew; empty for nothing
+  analysis::Report CheckData();
+  void TellProblems(const analysis::Report& report);
+  [[noreturn]] void RefuseToLoad(const std::string& fault);
   void OnLog(StringView line, bool error) const;
   void ChooseLanguage(StringView name) const;
   void ShowFirstPage(StringView name) const;
@@ -124,6 +131,7 @@ class Stage {
   std::function<void()> reloadListener_;
   PhysfsFiles files_;
   GameData data_;
+  std::unique_ptr<PseudoLanguageFiles> pseudo_;  // null without that language
   SdlWindow window_;
   GlRenderer renderer_;
   FreetypeFonts fonts_;
@@ -135,9 +143,9 @@ class Stage {
   Game game_;
   Camera camera_;
   Viewport viewport_;
+  GuiCheck check_;
   ModuleLibrary module_;
   UnseenPages unseenPages_;
-  std::string emptyPage_;  // why the first page that is empty is so; empty for none
   std::optional<FrameTimes> frameTimes_;
   std::vector<String> keys_;
   std::vector<String> notice_;

@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/printers.h"
 #include "host/app/stage.h"
+#include "host/check/gui_check.h"
 #include "host/script/script.h"
 
 namespace qen::host {
@@ -43,11 +45,21 @@ std::string FailureOf(const fs::path& script, const Options& options) {
   }
 }
 
+// The check is a test, too.
+bool PassesCheck(const Options& options) {
+  PhysfsFiles files;
+  const GameData data = MountGameData(options.description, options.data, files);
+  const analysis::Report report = GuiCheck(data.description, GameScriptName(data), files).RunForProblems();
+  std::printf("%s the check of %s\n", report.findings.empty() ? "passed" : "FAILED", options.description.c_str());
+  if (!report.findings.empty()) std::fputs(analysis::PrintText(report, false).c_str(), stdout);
+  return report.findings.empty();
+}
+
 }  // namespace
 
 bool RunScriptTests(const Options& options) {
   int passed = 0;
-  int failed = 0;
+  int failed = options.strict && !PassesCheck(options) ? 1 : 0;
   for (const fs::path& script : FindScripts(options.testFolder)) {
     const Clock::time_point start = Clock::now();
     const std::string failure = FailureOf(script, options);

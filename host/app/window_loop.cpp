@@ -24,6 +24,7 @@ constexpr std::int32_t kMainButton = 1;
 
 constexpr StringView kKeys =
     u"F1  these keys\n"
+    u"F4  hides what is wrong with the files\n"
     u"F5  loads everything anew\n"
     u"F12  writes a picture\n"
     u"Tab, Right  the next widget\n"
@@ -110,8 +111,9 @@ class WindowLoop {
       int modifiers;  // one of these is held; 0: any or none
       void (WindowLoop::*act)();
     };
-    static constexpr std::array<Shortcut, 9> kShortcuts{{
+    static constexpr std::array<Shortcut, 10> kShortcuts{{
         {SDLK_F1, 0, &WindowLoop::SwitchKeys},
+        {SDLK_F4, 0, &WindowLoop::HideProblems},
         {SDLK_F5, 0, &WindowLoop::Reload},
         {SDLK_RETURN, KMOD_ALT, &WindowLoop::ToggleFullscreen},
         {SDLK_F12, 0, &WindowLoop::WantPicture},
@@ -137,6 +139,7 @@ class WindowLoop {
     });
   }
 
+  void HideProblems() { stage_.HideProblems(); }
   void ToggleFullscreen() { stage_.Window().ToggleFullscreen(); }
   void WantPicture() { pictureWanted_ = true; }
   void FocusNext() { stage_.Gui().FocusNext(); }

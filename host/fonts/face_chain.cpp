@@ -34,6 +34,10 @@ std::uint32_t FaceChain::FaceFor(std::span<const std::uint32_t> letter, std::uin
   return 0;
 }
 
+bool FaceChain::Has(std::uint32_t code) const {
+  return std::ranges::any_of(links_, [&](const Link& link) { return HasAll(link, {&code, 1}); });
+}
+
 void FaceChain::Assign(std::span<const std::uint32_t> codes, std::vector<std::uint32_t>& faces) {
   faces.resize(codes.size());
   std::uint32_t previous = 0;

@@ -21,6 +21,9 @@ class FaceChain {
   [[nodiscard]] FaceFile& File(std::uint32_t i) const { return *links_[i].file; }
   [[nodiscard]] Synthesis SynthesisOf(std::uint32_t i) const { return links_[i].synthesis; }
 
+  // Whether one of the faces has it, or it is not seen.
+  [[nodiscard]] bool Has(std::uint32_t code) const;
+
   // For each character the position of the face to take; one for a letter with all its marks where possible.
   void Assign(std::span<const std::uint32_t> codes, std::vector<std::uint32_t>& faces);
 

@@ -21,6 +21,7 @@ class FreetypeFace final : public base::IFontFace {
 
   [[nodiscard]] TextMetric Metric() const override { return metric_; }
   [[nodiscard]] String Substitute() const override;
+  [[nodiscard]] bool Has(char32_t c) override { return chain_.Has(c); }
   void Shape(StringView text, base::GlyphStyle style, base::ShapedLine& line) override;
   void Measure(StringView text, std::vector<float>& ends) override;
 

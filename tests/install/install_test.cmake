@@ -1,5 +1,5 @@
 # BUILD, CONFIG: the build tree and its configuration; GENERATOR, COMPILER, FLAGS: what the outside host is built with;
-# FOLDER: where to work; HOST_SOURCE, PROGRAMS (empty without guihost), SAMPLES: folders under the prefix.
+# FOLDER: where to work; CHECK_SOURCE: a tool built with the installed library that checks definitions; HOST_SOURCE, PROGRAMS (empty without guihost), SAMPLES: folders under the prefix.
 set(first_prefix ${FOLDER}/first)
 set(prefix "${FOLDER}/moved to/another place")
 set(host_build ${FOLDER}/host)
@@ -37,6 +37,14 @@ if(NOT output STREQUAL "play:level1\n")
 endif()
 
 if(PROGRAMS)
+  run(${CMAKE_COMMAND} -S ${CHECK_SOURCE} -B ${FOLDER}/check -G ${GENERATOR} "-DCMAKE_PREFIX_PATH=${prefix}"
+      -DCMAKE_BUILD_TYPE=${CONFIG} -DCMAKE_CXX_COMPILER=${COMPILER} "-DCMAKE_CXX_FLAGS=${FLAGS}")
+  run(${CMAKE_COMMAND} --build ${FOLDER}/check ${config})
+  run(${FOLDER}/check/outside_check)
+  if(NOT output STREQUAL "gui.txt:1:6: error: menu.txt cannot be read [missing-file]\n")
+    message(FATAL_ERROR "the outside tool printed:\n${output}")
+  endif()
+
   set(guihost "${prefix}/${PROGRAMS}/guihost")
   # The libraries of the build tree are still there; the installed program must not fall back on them.
   file(
