@@ -134,7 +134,7 @@ class Checker {
       }
       CheckNames(page, findings_);
       CheckAnimations(page, backends_, findings_);
-      if (scene) CheckScene(page, *scene, backends_, findings_);
+      if (scene) CheckScene(page, *scene, findings_);
     }
     CheckScenes(gui_, findings_);
   }

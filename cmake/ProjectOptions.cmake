@@ -25,6 +25,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
               -Wundef)
 endif()
 
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # Of classes that have members of types which are local to their file. A batch is not the file that it is taken for.
+  target_compile_options(project_options INTERFACE -Wno-subobject-linkage)
+endif()
+
 option(GUI_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(GUI_SANITIZE)
   target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)

@@ -20,7 +20,6 @@ struct Rect;
 // shows and edits its own buffer. Without a node it only holds a font and colours, for lists.
 class CGUIText : public ICGUIText {
  public:
-
   explicit CGUIText(const IChildNodes& nodes);
   ~CGUIText() override;
 

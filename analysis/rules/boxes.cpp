@@ -82,17 +82,12 @@ bool TellDifferentBox(const Page& page, const StatePart& part, std::size_t expec
   return true;
 }
 
-constexpr float kMostOff = 0.5F;  // units that a list's mesh may be from its node
-
-// Empty when the mesh of a list lies where its rows are drawn and clicked.
+// Empty when the mesh of a list lies where its rows are clicked.
 std::string DistanceFromNode(const AABB& box) {
-  const auto units = [](float distance) { return InUnits(static_cast<double>(std::fabs(distance))); };
-  if (IsOffPlane(box)) {
-    return units(box.center.y) + (box.center.y > 0.0F ? " before" : " behind") +
-           " the node, in whose plane the rows are";
-  }
-  if (std::fabs(box.center.x) <= kMostOff) return {};
-  return units(box.center.x) + (box.center.x > 0.0F ? " right" : " left") +
+  constexpr float kMost = 0.5F;  // units
+  const float across = box.center.x;
+  if (!(std::fabs(across) > kMost)) return {};
+  return InUnits(static_cast<double>(std::fabs(across))) + (across > 0.0F ? " right" : " left") +
          " of the node, around which clicks are looked for";
 }
 
@@ -121,8 +116,6 @@ void CheckStateBoxes(const Page& page, Findings& findings) {
     if (isOther && !isTold[part.widget]) TellDifferentBox(page, part, checked->normal, part.normal, findings);
   }
 }
-
-bool IsOffPlane(const AABB& box) { return std::fabs(box.center.y) - box.halfSize.y > kMostOff; }
 
 void CheckListBoxes(const Page& page, Findings& findings) {
   for (const Label& label : LabelsOf(page)) {

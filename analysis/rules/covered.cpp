@@ -150,8 +150,6 @@ class Looker {
     const Veil& veil = veils_[node];
     if (veil.owner != sight.widget) return veil.isAtRest;
     if (sight.label == nullptr) return false;
-    // A list's mesh that is not in its plane is told of as that.
-    if (sight.label->isRows && node == sight.label->box) return !IsOffPlane(*page_.scene.nodes[node].box);
     const Side side = sight.label->side;
     return side == Side::Both || veil.side == Side::Both || veil.side == side;
   }

@@ -17,7 +17,7 @@ void CheckNames(const Page& page, Findings& findings);
 void CheckAnimations(const Page& page, const Backends& backends, Findings& findings);
 
 // Of a page's scene, with its meshes.
-void CheckScene(const Page& page, const base::SceneData& scene, const Backends& backends, Findings& findings);
+void CheckScene(const Page& page, const base::SceneData& scene, Findings& findings);
 
 // Of all scenes together.
 void CheckScenes(const Gui& gui, Findings& findings);

@@ -12,9 +12,6 @@ void CheckStateBoxes(const Page& page, Findings& findings);
 void CheckListBoxes(const Page& page, Findings& findings);
 void CheckCovered(const Page& page, const base::SceneData& scene, Findings& findings);
 
-// Whether rows lie elsewhere than the mesh of their list, whose box this is.
-bool IsOffPlane(const AABB& box);
-
 // Of all pages.
 void CheckCameras(const Gui& gui, Findings& findings);
 

@@ -33,7 +33,7 @@ void CheckPageName(const Gui& gui, std::size_t index, Findings& findings) {
 
 }  // namespace
 
-void CheckScene(const Page& page, const base::SceneData& scene, const Backends& /*backends*/, Findings& findings) {
+void CheckScene(const Page& page, const base::SceneData& scene, Findings& findings) {
   CheckTextPlanes(page, findings);
   CheckStateBoxes(page, findings);
   CheckListBoxes(page, findings);

@@ -91,7 +91,7 @@ TEST(Analysis, ComesBackFromAnyEditOfASampleAndSavesItAsItIs) {
   KeptScenes scenes(files);
   base::FakeFonts fonts;
   std::minstd_rand random(1);
-  constexpr int kEdits = 12;  // of a file, each on top of the others
+  constexpr int kEdits = 4;  // of a file, each on top of the others
   for (const auto& [name, whole] : definitions) {
     Bytes bytes = whole;
     for (int i = 0; i < kEdits; ++i) {

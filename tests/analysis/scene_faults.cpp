@@ -89,7 +89,7 @@ constexpr std::array kSceneFaults{
                   const auto slider = static_cast<std::int32_t>(&NodeOf(scene, u"slider") - scene.nodes.data());
                   base::AddBox(scene, u"onmouse", slider, {}, {4.0F, 2.0F, 0.1F});
                 }},
-    SeededFault{"ListBeforeItsRows", Rule::ListOffNode, kMenuFile, "item |~lLevels",
+    SeededFault{"ListBeforeItsRows", Rule::Covered, kMenuFile, "item |~lLevels",
                 [](SoundGui& gui) {
                   base::SceneData& scene = gui.scenes[kMenuScene];
                   Stretch(scene, ChildOf(scene, u"~lLevels", u"list"), {1.0F, 1.0F, 1.0F}, {0.0F, 0.0F, 2.0F});
