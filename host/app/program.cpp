@@ -52,7 +52,7 @@ void Play(const Options& options) {
   const bool offscreen = options.offscreen || wantsTour || savesPages || !HasDisplay();
   const bool playsTour = wantsTour || (offscreen && options.shot.empty() && !options.frames && !savesPages);
   const bool takesTime = !offscreen && options.shot.empty();
-  Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime});
+  Stage stage(options, {.offscreen = offscreen, .manualClock = !takesTime, .showsProblems = takesTime});
   Script game(stage, {.game = options.game, .timeout = options.timeout, .listens = false});
   if (savesPages) SavePages(stage, options.savedPages);
   if (playsTour) {

@@ -70,6 +70,7 @@ void PrintTo(std::FILE* to, const std::string& line) {
 Stage::Stage(const Options& options, const StageOptions& stageOptions)
     : offscreen_(stageOptions.offscreen),
       quiet_(stageOptions.quiet),
+      showsProblems_(stageOptions.showsProblems),
       data_(MountGameData(options.description, options.data, files_)),
       pseudo_(PseudoFilesOf(base::ToUtf16(options.language), data_.description, files_)),
       window_(ToWindowOptions(options, stageOptions)),
@@ -217,7 +218,7 @@ void Stage::RequireAllPages() {
 
 void Stage::TellProblems(const analysis::Report& report) {
   for (const analysis::Finding& finding : report.findings) WarnOf(analysis::PrintLine(finding));
-  if (!offscreen_) notice_ = FirstLines(report);
+  notice_ = showsProblems_ ? FirstLines(report) : std::vector<String>();
 }
 
 analysis::Report Stage::CheckData() {

@@ -34,9 +34,10 @@
 namespace qen::host {
 
 struct StageOptions {
-  bool offscreen = false;    // no window and nothing heard
-  bool manualClock = false;  // time passes by Update alone
-  bool quiet = false;        // only failures are printed
+  bool offscreen = false;      // no window and nothing heard
+  bool manualClock = false;    // time passes by Update alone
+  bool quiet = false;          // only failures are printed
+  bool showsProblems = false;  // of files, on the screen too
 };
 
 // When it is made, everything that the options name is loaded and the first page asked for. Throws std::runtime_error,
@@ -125,6 +126,7 @@ class Stage {
 
   bool offscreen_;
   bool quiet_;
+  bool showsProblems_;
   bool hidden_ = false;  // what was drawn last
   bool drawsTooltip_ = false;
   std::function<void(StringView)> logListener_;
