@@ -40,7 +40,6 @@ class Checker {
 
  private:
   void CheckSource(const Source& source) {
-    gui_.sources.push_back(&source);
     findings_.Announce(source);
     CheckReading(source, findings_);
   }

@@ -10,23 +10,20 @@
 #include "formats/widget_kinds.h"
 
 namespace qen::analysis {
-namespace {
-
-constexpr Char kSlotLetter = u'q';
-
-// Whether nodes of that letter are widgets of such a page.
-bool IsWidget(Char letter, bool isBag) {
-  return isBag ? letter == kSlotLetter : formats::kPageWidgets.find(letter) != StringView::npos;
-}
-
-}  // namespace
-
 std::size_t SceneOutline::FindChild(std::size_t parent, StringView word) const {
   const auto& children = nodes[parent].children;
   const auto found = std::ranges::find_if(children, [&](std::size_t child) {
     return ttolowercase(StringView(nodes[child].name).substr(0, word.size())) == ttolowercase(word);
   });
   return found == children.end() ? formats::kNone : *found;
+}
+
+bool IsComplete(const Gui& gui) {
+  const auto isPage = [](const formats::Statement& statement) {
+    return statement.keyword->value == formats::Value::Page || statement.keyword->value == formats::Value::Bag;
+  };
+  const auto named = static_cast<std::size_t>(std::ranges::count_if(gui.description->Reading().statements, isPage));
+  return named == gui.pages.size() && std::ranges::all_of(gui.pages, &Page::hasScene);
 }
 
 StringView PageNameOf(StringView sceneFile) { return sceneFile.substr(sceneFile.find_last_of(u'\\') + 1); }
@@ -55,7 +52,7 @@ SceneOutline OutlineOf(const base::SceneData& scene) {
 void FindWidgets(Page& page) {
   for (std::size_t i = 0; i < page.scene.nodes.size(); ++i) {
     const String& name = page.scene.nodes[i].name;
-    if (name.size() < 2 || name[0] != formats::kWidgetMark || !IsWidget(name[1], page.isBag)) continue;
+    if (name.size() < 2 || name[0] != formats::kWidgetMark || !formats::IsWidgetLetter(name[1], page.isBag)) continue;
     page.widgetsByName.try_emplace(ttolowercase(name), page.widgets.size());
     page.widgets.push_back({ttolowercase(name), name[1], i, {}});
   }

@@ -77,12 +77,14 @@ struct Gui {
   bool hasLanguageStatement = false;  // the description names one, which may be missing
   std::vector<Language> languages;    // in their order, each name once
   std::unique_ptr<Source> style;
-  std::vector<const Source*> sources;                   // all of these
   std::unordered_map<String, std::size_t> pagesByName;  // the first of each name
   std::unordered_map<String, std::vector<WidgetPlace>> widgetsByName;
 
   [[nodiscard]] const Widget& At(const WidgetPlace& place) const { return pages[place.page].widgets[place.widget]; }
 };
+
+// Whether every page that the description names is there, with its scene; else names that are not found prove nothing.
+bool IsComplete(const Gui& gui);
 
 // The name of the page whose scene is written so: what is behind the last backslash.
 StringView PageNameOf(StringView sceneFile);

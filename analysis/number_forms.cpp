@@ -57,8 +57,6 @@ bool IsColor(StringView text) {
   return text.empty() && digits > 0 && (digits <= kMost || digits == kWithAlpha);
 }
 
-std::string AsText(std::int32_t number) { return base::ToUtf8(StringConverter::ToString(number)); }
-
 NumberCheck Wrong(StringView value, const std::string& form) {
   return {NumberFault::Wrong, Quoted(value) + " is no " + form};
 }
@@ -77,14 +75,16 @@ bool FitsIn32Bits(StringView value, std::int32_t number) {
 
 NumberCheck CheckRange(StringView value, const std::string& name, formats::Range range) {
   const std::int32_t number = StringConverter::ParseInt(value);
-  if (!FitsIn32Bits(value, number)) return Outside(value, "does not fit 32 bits: " + AsText(number) + " is taken");
+  if (!FitsIn32Bits(value, number))
+    return Outside(value, "does not fit 32 bits: " + std::to_string(number) + " is taken");
   if (number >= range.least && number <= range.most) return {};
-  const std::string most = range.most == Limits::max() ? "" : " to " + AsText(range.most);
-  return Outside(value, "is out of range: " + name + " goes from " + AsText(range.least) + most);
+  const std::string most = range.most == Limits::max() ? "" : " to " + std::to_string(range.most);
+  return Outside(value, "is out of range: " + name + " goes from " + std::to_string(range.least) + most);
 }
 
 NumberCheck CheckWhole(const Keyword& keyword, StringView value) {
-  if (!IsWhole(value)) return Wrong(value, "whole number: " + AsText(StringConverter::ParseInt(value)) + " is taken");
+  if (!IsWhole(value))
+    return Wrong(value, "whole number: " + std::to_string(StringConverter::ParseInt(value)) + " is taken");
   formats::Range range = keyword.range;
   if (keyword.value == Value::TextId) range.least = -1;
   if (keyword.value == Value::Flag) range = {0, 1};
@@ -115,7 +115,7 @@ NumberCheck CheckNumber(const Keyword& keyword, StringView value) {
 }
 
 NumberCheck CheckTextNumber(StringView id) {
-  if (!IsWhole(id)) return Wrong(id, "text id: " + AsText(StringConverter::ParseInt(id)) + " is taken");
+  if (!IsWhole(id)) return Wrong(id, "text id: " + std::to_string(StringConverter::ParseInt(id)) + " is taken");
   return CheckRange(id, "a text id", {.least = 0});
 }
 

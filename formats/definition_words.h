@@ -66,6 +66,8 @@ inline constexpr StringView kTextPrefix = u"str";  // of an entry in a language'
 
 }  // namespace word
 
+inline constexpr StringView kFirstLanguage = u"english";  // the one that is loaded with a description
+
 // The GUI description.
 inline constexpr std::array<Keyword, 4> kDescription{{
     {word::kLang, Value::Language, u"", u"", "the language file; the last one counts"},

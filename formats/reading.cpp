@@ -11,8 +11,6 @@ namespace {
 
 using Keywords = std::span<const Keyword>;
 
-constexpr StringView kSlotPrefix = u"~q";
-
 bool IsNumeric(Value value) {
   return value == Value::Number || value == Value::Flag || value == Value::Decimal || value == Value::Color ||
          value == Value::TextId;
@@ -223,8 +221,9 @@ class Reader {
   // Only slots have a texture; on all others its value is looked at as a keyword.
   [[nodiscard]] bool IsSlot(std::size_t block) const {
     const std::size_t name = out_.blocks[block].name;
-    return kind_ == FileKind::Bag && name != kNone &&
-           ttolowercase(String(TokenAt(name).value)).starts_with(kSlotPrefix);
+    if (kind_ != FileKind::Bag || name == kNone) return false;
+    const String begin = ttolowercase(TokenAt(name).value.substr(0, 2));
+    return begin.size() == 2 && begin[0] == kWidgetMark && begin[1] == kSlotLetter;
   }
 
   FileKind kind_;

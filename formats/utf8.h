@@ -82,18 +82,17 @@ inline void AppendUtf16(String& out, char32_t c) {
   out.push_back(static_cast<Char>(0xDC00 + ((c - 0x10000) & 0x3FF)));
 }
 
-// Surrogates without a partner become U+FFFD.
-inline void AppendUtf8(std::string& out, StringView text) {
+// The character whose first unit is at `i`, which goes to the next one. A surrogate without a partner is U+FFFD.
+inline char32_t TakeCharacter(StringView text, std::size_t& i) {
   const auto isHigh = [](char32_t c) { return c >= 0xD800 && c < 0xDC00; };
   const auto isLow = [](char32_t c) { return c >= 0xDC00 && c < 0xE000; };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char32_t c = text[i];
-    if (isHigh(c) && i + 1 < text.size() && isLow(text[i + 1])) {
-      AppendUtf8(out, 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U));
-    } else {
-      AppendUtf8(out, isHigh(c) || isLow(c) ? kReplacement : c);
-    }
-  }
+  const char32_t c = text[i++];
+  if (isHigh(c) && i < text.size() && isLow(text[i])) return 0x10000 + ((c - 0xD800) << 10) + (text[i++] - 0xDC00U);
+  return isHigh(c) || isLow(c) ? kReplacement : c;
+}
+
+inline void AppendUtf8(std::string& out, StringView text) {
+  for (std::size_t i = 0; i < text.size();) AppendUtf8(out, TakeCharacter(text, i));
 }
 
 }  // namespace qen::formats

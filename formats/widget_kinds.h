@@ -29,5 +29,11 @@ inline constexpr std::array<WidgetKind, 7> kWidgetKinds{{
 inline constexpr StringView kAnyWidget = u"bclpstq";
 inline constexpr StringView kPageWidgets = u"bclpst";  // not on a bag page
 inline constexpr StringView kWithText = u"bclt";       // texts, and those that have a label
+inline constexpr Char kSlotLetter = u'q';              // the kind of bag pages
+
+// Whether nodes of that letter are widgets of such a page.
+constexpr bool IsWidgetLetter(Char letter, bool isBag) {
+  return isBag ? letter == kSlotLetter : kPageWidgets.find(letter) != StringView::npos;
+}
 
 }  // namespace qen::formats

@@ -9,14 +9,13 @@
 #include "engine/system.h"
 #include "formats/backup.h"
 #include "formats/command_words.h"
+#include "formats/definition_words.h"
 #include "module/book.h"
 #include "module/book_busy.h"
 #include "pages/page_base.h"
 
 namespace qen {
 namespace {
-
-constexpr const Char* kFirstLanguage = u"english";
 
 void Log(const Char* line) {
   if (System::output != nullptr) System::output->Print(line);
@@ -51,7 +50,7 @@ std::optional<String> CGUIBook::LoadLanguage(const Char* descriptionFile) {
   quiet_ = false;
   std::optional<String> description = LoadDefinitionText(descriptionFile);
   if (description) ReadLanguageFileName(*description, languageFile_);
-  SetLanguage(kFirstLanguage);
+  SetLanguage(String(formats::kFirstLanguage));
   LogDone(u"Gui: Parsing gui language done [%1.1f sec]...\n", stopwatch);
   return description;
 }

@@ -59,14 +59,6 @@ std::vector<Command> CollectCommands(const Gui& gui) {
   return commands;
 }
 
-bool IsComplete(const Gui& gui) {
-  const auto isPage = [](const formats::Statement& statement) {
-    return statement.keyword->value == formats::Value::Page || statement.keyword->value == formats::Value::Bag;
-  };
-  const auto named = static_cast<std::size_t>(std::ranges::count_if(gui.description->Reading().statements, isPage));
-  return named == gui.pages.size() && std::ranges::all_of(gui.pages, &Page::hasScene);
-}
-
 formats::Range16 RangeOf(const Source& source, StringView part) {
   const auto begin = static_cast<std::size_t>(part.data() - source.Text().Text().data());
   return {begin, begin + part.size()};

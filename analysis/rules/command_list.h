@@ -27,9 +27,6 @@ struct Command {
 
 std::vector<Command> CollectCommands(const Gui& gui);
 
-// Whether every page that the description names is there, with its scene; else names that are not found prove nothing.
-bool IsComplete(const Gui& gui);
-
 // Where a part of a command stands in its file.
 formats::Range16 RangeOf(const Source& source, StringView part);
 

@@ -1,8 +1,8 @@
 #include "analysis/rules/command_rest.h"
 
 #include <algorithm>
-#include <vector>
 
+#include "analysis/rules/word_homes.h"
 #include "analysis/words.h"
 #include "formats/command_words.h"
 
@@ -14,15 +14,6 @@ constexpr Char kColon = u':';
 const formats::Stray* FindStray(const formats::Reading& reading, std::size_t word) {
   const auto found = std::ranges::lower_bound(reading.strays, word, {}, &formats::Stray::word);
   return found == reading.strays.end() || found->word != word ? nullptr : &*found;
-}
-
-bool IsNearKeyword(StringView word, formats::Scope scope) {
-  const formats::Tables tables = formats::TablesOf(scope);
-  std::vector<StringView> keywords;
-  for (const auto table : {tables.first, tables.second}) {
-    for (const formats::Keyword& keyword : table) keywords.push_back(keyword.word);
-  }
-  return !Nearest(word, keywords).empty();
 }
 
 bool AreOnOneLine(const Source& source, std::size_t token, std::size_t next) {
@@ -45,7 +36,7 @@ std::size_t RestOfCommand(const Source& source, const formats::Statement& comman
   const formats::CommandWord* known = formats::FindCommand(word);
   if (known != nullptr && known->argument != formats::Argument::None) return next;
   const bool isRemark = known != nullptr || source.TokenAt(next).isQuoted;
-  const bool isKeyword = IsNearKeyword(rest, source.Reading().blocks[stray->block].scope);
+  const bool isKeyword = !Nearest(rest, WordsOf(source.Reading().blocks[stray->block].scope)).empty();
   return isRemark || isKeyword ? formats::kNone : next;
 }
 

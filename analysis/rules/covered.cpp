@@ -7,6 +7,7 @@
 #include "analysis/words.h"
 #include "base/utf.h"
 #include "formats/definition_words.h"
+#include "formats/widget_kinds.h"
 
 namespace qen::analysis {
 namespace {
@@ -108,7 +109,7 @@ class Looker {
     }
     for (std::size_t i = 0; i < page_.widgets.size(); ++i) {
       const Widget& widget = page_.widgets[i];
-      if (widget.letter == u'p' || widget.letter == u'q') AddSight(i, widget.node, nullptr);
+      if (widget.letter == u'p' || widget.letter == formats::kSlotLetter) AddSight(i, widget.node, nullptr);
     }
     for (const Label& label : labels_) AddSight(label.widget, label.Plane(), &label);
     std::ranges::sort(sights_, {}, &Sight::X);

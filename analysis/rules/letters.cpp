@@ -10,17 +10,6 @@
 namespace qen::analysis {
 namespace {
 
-std::vector<char32_t> CharactersOf(StringView text) {
-  std::vector<char32_t> characters;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    const bool pair = (c & 0xFC00U) == 0xD800U && i + 1 < text.size() && (text[i + 1] & 0xFC00U) == 0xDC00U;
-    if (pair) c = 0x10000U + ((c & 0x3FFU) << 10U) + (text[++i] & 0x3FFU);
-    characters.push_back(c);
-  }
-  return characters;
-}
-
 std::string NameOf(char32_t c) {
   std::array<char, 16> code{};
   std::snprintf(code.data(), code.size(), "U+%04X", static_cast<unsigned>(c));
@@ -35,7 +24,8 @@ class Letters {
   // The names of those that are missing.
   std::string MissingOf(StringView text) {
     std::set<char32_t> missing;
-    for (const char32_t c : CharactersOf(text)) {
+    for (std::size_t i = 0; i < text.size();) {
+      const char32_t c = formats::TakeCharacter(text, i);
       if (c >= U' ' && !Has(c)) missing.insert(c);
     }
     std::string names;

@@ -5,13 +5,11 @@
 #include "analysis/words.h"
 #include "engine/string_converter.h"
 #include "formats/definition_syntax.h"
+#include "formats/page_view.h"
 #include "formats/widget_kinds.h"
 
 namespace qen::analysis {
 namespace {
-
-constexpr StringView kCamera = u"Camera01";
-constexpr Char kSlot = u'q';
 
 struct NodeCheck {
   const Page& page;
@@ -23,16 +21,12 @@ struct NodeCheck {
   }
 };
 
-bool IsKindOf(const Page& page, Char letter) {
-  return page.isBag ? letter == kSlot : formats::kPageWidgets.find(letter) != StringView::npos;
-}
-
 // Of a node that begins with the mark of widgets.
 void CheckKindLetter(const NodeCheck& check, const String& name) {
-  if (name.size() >= 2 && IsKindOf(check.page, name[1])) return;
+  if (name.size() >= 2 && formats::IsWidgetLetter(name[1], check.page.isBag)) return;
   const String lower = ttolowercase(name);
   const std::string shown = "the node " + Quoted(name);
-  if (name.size() >= 2 && IsKindOf(check.page, lower[1])) {
+  if (name.size() >= 2 && formats::IsWidgetLetter(lower[1], check.page.isBag)) {
     String meant = name;
     meant[1] = lower[1];
     check.Tell(Rule::LetterCase, name, shown + " makes no widget: it must be " + Quoted(meant));
@@ -46,7 +40,8 @@ void CheckKindLetter(const NodeCheck& check, const String& name) {
 void CheckNode(const NodeCheck& check, const String& name) {
   if (name.starts_with(formats::kWidgetMark)) {
     CheckKindLetter(check, name);
-  } else if (name.size() == kCamera.size() && name != kCamera && ttolowercase(name) == ttolowercase(kCamera)) {
+  } else if (name.size() == formats::kCameraNode.size() && name != formats::kCameraNode &&
+             ttolowercase(name) == ttolowercase(formats::kCameraNode)) {
     check.Tell(Rule::LetterCase, name,
                "the node " + Quoted(name) + " is no camera of the page: it must be \"Camera01\"");
   }

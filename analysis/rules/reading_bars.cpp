@@ -1,9 +1,9 @@
 // Ranges and positions of slide bars.
 #include <array>
 #include <optional>
+#include <string>
 
 #include "analysis/rules/reading_pass.h"
-#include "base/utf.h"
 #include "engine/string_converter.h"
 #include "formats/definition_words.h"
 
@@ -43,18 +43,16 @@ void Take(const ReadingPass& pass, const formats::Statement& statement, Bar& bar
   }
 }
 
-std::string NumberOf(const BarValue& value) { return base::ToUtf8(StringConverter::ToString(value.number)); }
-
 void CheckBar(ReadingPass& pass, const Bar& bar) {
   if (bar.isWrong) return;
   const auto& [min, max, position] = bar.values;
   if (min.number > max.number) {
     pass.Tell(Rule::MinAboveMax, max.token != kNone ? max.token : min.token,
-              "max is " + NumberOf(max) + ", but min is " + NumberOf(min));
+              "max is " + std::to_string(max.number) + ", but min is " + std::to_string(min.number));
   } else if (position.token != kNone && (position.number < min.number || position.number > max.number)) {
-    pass.Tell(
-        Rule::PositionOutside, position.token,
-        "position is " + NumberOf(position) + ", but the bar goes from " + NumberOf(min) + " to " + NumberOf(max));
+    pass.Tell(Rule::PositionOutside, position.token,
+              "position is " + std::to_string(position.number) + ", but the bar goes from " +
+                  std::to_string(min.number) + " to " + std::to_string(max.number));
   }
 }
 

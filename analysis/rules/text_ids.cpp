@@ -3,14 +3,12 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "analysis/rules/command_list.h"
 #include "analysis/rules/text_rules.h"
 #include "engine/string_converter.h"
+#include "formats/definition_words.h"
 
 namespace qen::analysis {
 namespace {
-
-constexpr StringView kFirstLanguage = u"english";  // that the module loads
 
 struct FirstUse {
   const Source* source = nullptr;
@@ -113,7 +111,9 @@ class TextIds {
   std::unordered_set<std::int32_t> used_;
 };
 
-bool HasFirstLanguage(const Gui& gui) { return std::ranges::count(gui.languages, kFirstLanguage, &Language::name) > 0; }
+bool HasFirstLanguage(const Gui& gui) {
+  return std::ranges::count(gui.languages, formats::kFirstLanguage, &Language::name) > 0;
+}
 
 }  // namespace
 

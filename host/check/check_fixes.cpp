@@ -27,10 +27,12 @@ std::vector<std::uint8_t> ReadDisk(const fs::path& path) {
 fs::path PlaceOf(const std::string& file, PhysfsFiles& files) {
   std::vector<std::uint8_t> bytes;
   files.Read(base::ToUtf16(file), bytes);
-  for (const fs::path& place : files.Places()) {
-    fs::path path = base::ResolvePath(base::ToUtf16((place / file).string())).lexically_normal();
+  // Later places hide earlier ones.
+  const std::vector<fs::path> places = files.Places();
+  for (auto place = places.rbegin(); place != places.rend(); ++place) {
+    fs::path path = base::ResolvePath(base::ToUtf16((*place / file).string())).lexically_normal();
     std::error_code problem;
-    if (fs::is_directory(place, problem) && fs::is_regular_file(path, problem) && ReadDisk(path) == bytes) return path;
+    if (fs::is_directory(*place, problem) && fs::is_regular_file(path, problem) && ReadDisk(path) == bytes) return path;
   }
   throw std::runtime_error("cannot fix " + file + ": it is in an archive");
 }

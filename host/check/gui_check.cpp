@@ -12,7 +12,8 @@ GuiCheck::GuiCheck(String description, String script, PhysfsFiles& files)
 
 analysis::Report GuiCheck::Run(analysis::Settings settings) {
   settings.script = script_;
-  return analysis::Check(description_, {.files = files_, .scenes = scenes_, .fonts = &fonts_.Backend()}, settings);
+  if (!fonts_) fonts_.emplace();
+  return analysis::Check(description_, {.files = files_, .scenes = scenes_, .fonts = &fonts_->Backend()}, settings);
 }
 
 analysis::Report GuiCheck::RunForProblems() {

@@ -1,6 +1,7 @@
 // Looks over the data with the program's own backends.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ class GuiCheck {
   String script_;
   PhysfsFiles& files_;
   GltfScenes scenes_;
-  MeasuringFonts fonts_;
+  std::optional<MeasuringFonts> fonts_;  // made for the first check: finding what is installed takes its time
 };
 
 }  // namespace qen::host

@@ -11,11 +11,10 @@
 namespace qen::host {
 namespace {
 
-using formats::Block;
 using formats::Reading;
 namespace word = formats::word;
 
-// A section with all texts of the first language; empty when there is none, or the file has one of that name.
+// A section with all texts of the first language; empty when the file has one of that name.
 String PseudoSection(const Reading& reading) {
   StringView first;
   String section = u"\n";
