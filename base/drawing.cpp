@@ -25,8 +25,8 @@ using base::FontObject;
 using base::GlyphStyle;
 using base::LayoutOptions;
 using base::TextLayout;
-using base::TextPlacement;
 using base::TextureUse;
+using base::TextWindow;
 
 constexpr double kRectUnits = 38.0;  // of 3D text rectangles, to a world unit
 
@@ -64,13 +64,13 @@ Rect SpatialRectOf(const Rect& area, const FontObject& font, const TextLayout& l
 }
 
 // Windows are whole units, cut down, where lines are not: one that begins less than a unit above a line begins with it.
-void BeginWithALine(TextPlacement& placement, float lineHeight, float unit) {
-  if (!(placement.top > 0.0F)) return;
+void BeginWithALine(TextWindow& window, float lineHeight, float unit) {
+  if (!(window.top > 0.0F)) return;
   constexpr float kRounding = 1e-3F;
-  const float cut = std::ceil(placement.top / lineHeight - kRounding) * lineHeight - placement.top;
+  const float cut = std::ceil(window.top / lineHeight - kRounding) * lineHeight - window.top;
   if (!(cut < unit + kRounding)) return;
-  placement.top += cut;
-  placement.bottom += cut;
+  window.top += cut;
+  window.bottom += cut;
 }
 
 // A laid out text on its matrix. Left, width and the visible window are in world units.
@@ -78,21 +78,22 @@ void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& mat
                   float width, float bottom, std::uint32_t flags, Color color, const Char* text) {
   const LayoutOptions options = OptionsOf(GlyphStyle::DistanceField, flags, width / scale);
   const float cell = static_cast<float>(font.GetMetric().tmHeight) * scale;
-  TextPlacement placement{.origin = {left, 0.0F, cell}, .right = {scale, 0.0F, 0.0F}, .down = {0.0F, 0.0F, -scale}};
-  placement.centered = Has(flags, DT_CENTER);
-  if (placement.centered || !Has(flags, DT_NOCLIP)) placement.width = width / scale;
+  TextWindow window{.centered = Has(flags, DT_CENTER)};
+  if (window.centered || !Has(flags, DT_NOCLIP)) window.width = width / scale;
   if (!Has(flags, DT_NOCLIP)) {
-    placement.top = top / scale;
-    placement.bottom = bottom / scale;
-    BeginWithALine(placement, static_cast<float>(font.GetMetric().tmHeight), 1.0F / scale);
+    window.top = top / scale;
+    window.bottom = bottom / scale;
+    BeginWithALine(window, static_cast<float>(font.GetMetric().tmHeight), 1.0F / scale);
   }
   DrawItem look;
-  look.kind = DrawKind::Triangles3D;
+  look.kind = DrawKind::Text3D;
   look.textureUse = TextureUse::DistanceField;
+  look.glyphs.argb = color.argb;
+  look.glyphs.pixel = scale;
+  look.glyphs.origin = {left, 0.0F, cell};
   look.world = matrix;
   look.distance = context.render.DistanceOf(matrix.GetTranslation());
-  base::DrawCached(context.render, context.texts, context.texts.Get(font, text, options), font, placement, look,
-                   color.argb);
+  base::DrawCached(context.render, context.texts, context.texts.Get(font, text, options), font, window, look);
 }
 
 std::uint32_t PictureOf(const MaterialParams* params) {
@@ -169,15 +170,13 @@ void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char
 
   const auto* font = dynamic_cast<const FontObject*>(font_);
   if (font == nullptr || mode_ != Mode::Text2D) return;
-  const TextPlacement placement{.origin = {static_cast<float>(x), static_cast<float>(y), 0.0F},
-                                .right = {1.0F, 0.0F, 0.0F},
-                                .down = {0.0F, 1.0F, 0.0F}};
   DrawItem look;
-  look.kind = DrawKind::Triangles2D;
+  look.kind = DrawKind::Text2D;
   look.textureUse = TextureUse::Coverage;
+  look.glyphs.argb = color.argb;
+  look.glyphs.origin = {static_cast<float>(x), static_cast<float>(y), 0.0F};
   const LayoutOptions options = OptionsOf(GlyphStyle::Bitmap, DT_SINGLELINE, 0.0F);
-  base::DrawCached(context->render, context->texts, context->texts.Get(*font, text, options), *font, placement, look,
-                   color.argb);
+  base::DrawCached(context->render, context->texts, context->texts.Get(*font, text, options), *font, {}, look);
 }
 
 void Drawing::DrawText3D(const Matrix4x4& matrix, const Rect& area, std::uint32_t flags, Color color,

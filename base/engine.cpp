@@ -55,6 +55,6 @@ void Engine::EndFrame(Viewport& viewport) {
 
 void Engine::EndHiddenFrame() { services_->ime.Settle(); }
 
-DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
+const DrawList& Engine::GetDrawList() const { return services_->render.GetDrawList(); }
 
 }  // namespace qen::base

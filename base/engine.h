@@ -54,7 +54,7 @@ class QEN_API Engine {
   void BeginFrame();                  // forgets what was drawn before
   void EndFrame(Viewport& viewport);  // hands what was drawn to the render backend and settles the input method
   void EndHiddenFrame();              // the same without the render backend
-  [[nodiscard]] DrawList& GetDrawList() const;  // of the present frame, for a render backend
+  [[nodiscard]] const DrawList& GetDrawList() const;  // of the present frame, for a render backend
 
  private:
   struct Services;

@@ -15,7 +15,7 @@ namespace {
 
 bool LooksLike(const DrawItem& a, const DrawItem& b) {
   return a.kind == b.kind && a.textureUse == b.textureUse && a.texture == b.texture && a.distance == b.distance &&
-         a.shared == b.shared && std::memcmp(&a.world, &b.world, sizeof a.world) == 0;
+         std::memcmp(&a.world, &b.world, sizeof a.world) == 0;
 }
 
 // Draws nothing from now on.
@@ -72,7 +72,8 @@ void RenderService::Submit(const RenderEntry& entry) {
 void RenderService::Add(const RenderEntry& entry) {
   if (entry.subMesh == nullptr) return;
   DrawItem& item = list_.items.emplace_back();
-  item.entry = entry;
+  item.subMesh = entry.subMesh;
+  item.lights = entry.lights;
   item.distance = entry.distance;
   if (entry.world != nullptr) item.world = *entry.world;
   ++CurrentLayer().itemCount;
@@ -93,19 +94,9 @@ void RenderService::AddVertices(DrawItem& item, std::span<const DrawVertex> vert
   item.vertexCount += static_cast<std::uint32_t>(vertices.size());
 }
 
-void RenderService::AddShared(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb) {
+void RenderService::AddText(const DrawItem& text) {
   ++CurrentLayer().itemCount;
-  DrawItem& item = list_.items.emplace_back(look);
-  item.shared = vertices.data();
-  item.sharedArgb = argb;
-  item.vertexCount = static_cast<std::uint32_t>(vertices.size());
-}
-
-void RenderService::AddCopies(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb) {
-  DrawItem& item = BeginVertices(look);
-  const std::size_t first = list_.vertices.size();
-  AddVertices(item, vertices);
-  for (std::size_t i = first; i < list_.vertices.size(); ++i) list_.vertices[i].argb = argb;
+  list_.items.push_back(text);
 }
 
 float RenderService::DistanceOf(const Vec3& world) const {
@@ -116,13 +107,13 @@ void RenderService::Forget(std::span<const Mesh> meshes) {
   if (list_.items.empty()) return;
   const SubMeshSet gone(meshes);
   for (DrawItem& item : list_.items) {
-    if (item.kind == DrawKind::Mesh && gone.Contains(item.entry.subMesh)) Blank(item);
+    if (item.kind == DrawKind::Mesh && gone.Contains(item.subMesh)) Blank(item);
   }
 }
 
 void RenderService::Forget(const LightList& lights) {
   for (DrawItem& item : list_.items) {
-    if (item.entry.lights == &lights) item.entry.lights = nullptr;
+    if (item.lights == &lights) item.lights = nullptr;
   }
   for (LightList& kept : keptLights_) {
     std::erase_if(kept, [&lights](const Light* light) { return std::ranges::find(lights, light) != lights.end(); });
@@ -146,10 +137,6 @@ void RenderService::BeginFrame() {
 }
 
 void RenderService::EndFrame(std::int32_t width, std::int32_t height) {
-  // The matrix that was submitted may have moved on or be gone; the item kept what it was.
-  for (DrawItem& item : list_.items) {
-    if (item.kind == DrawKind::Mesh) item.entry.world = &item.world;
-  }
   if (backend_ != nullptr) backend_->Draw(list_, width, height);
 }
 

@@ -32,9 +32,8 @@ class RenderService final : public IRender {
   DrawItem& BeginVertices(const DrawItem& look);
   void AddVertices(DrawItem& item, std::span<const DrawVertex> vertices);
 
-  // An item of its own. Shared vertices are not copied: they must stay as they are until the next frame begins.
-  void AddShared(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb);
-  void AddCopies(const DrawItem& look, std::span<const DrawVertex> vertices, std::uint32_t argb);
+  // An item of its own, a Text2D or Text3D.
+  void AddText(const DrawItem& text);
 
   // How far a point is from the plane of the camera of the present layer.
   [[nodiscard]] float DistanceOf(const Vec3& world) const;
@@ -49,7 +48,7 @@ class RenderService final : public IRender {
 
   void BeginFrame();
   void EndFrame(std::int32_t width, std::int32_t height);
-  [[nodiscard]] DrawList& GetDrawList() { return list_; }
+  [[nodiscard]] const DrawList& GetDrawList() const { return list_; }
 
  private:
   DrawLayer& CurrentLayer();

@@ -1,7 +1,7 @@
 #include "base/text_cache.h"
 
+#include <algorithm>
 #include <functional>
-#include <iterator>
 
 #include "base/fonts.h"
 
@@ -23,51 +23,55 @@ std::size_t TextCache::Hash::operator()(const Key& key) const {
 }
 
 TextCache::Entry::Entry(const FontObject& font, StringView words, const LayoutOptions& options)
-    : text(words), key{font.GetId(), options, text}, cached{.layout = LayOut(font, words, options), .mesh = {}} {}
+    : text(words), key{font.GetId(), options, text}, cached{.layout = LayOut(font, words, options), .meshes = {}} {}
 
-// A frame that shows more texts than usual would lay out each of them anew, each time, were those of the frame before
-// forgotten.
-bool TextCache::CanForgetOldest() const {
-  return entries_.size() >= kUsual && entries_.back().cached.lastShown + 1 < frame_;
-}
-
-void TextCache::ForgetOldest() {
-  if (next_ == std::prev(entries_.end())) next_ = entries_.end();
-  index_.erase(entries_.back().key);
-  entries_.pop_back();
-}
-
-// Frames show their texts in the same order again and again, so the guess saves most searches.
-TextCache::Entries::iterator TextCache::Find(const Key& key) {
-  if (next_ != entries_.end() && next_->key == key) return next_;
+// Frames show their texts in the same order again and again, and a shadow and its words follow on each other: the
+// guesses save most searches.
+std::size_t TextCache::Find(const Key& key) const {
+  for (std::size_t guess = last_; guess < entries_.size() && guess <= last_ + 1; ++guess) {
+    if (entries_[guess]->key == key) return guess;
+  }
+  if (!entries_.empty() && entries_.front()->key == key) return 0;
   const auto known = index_.find(key);
-  return known != index_.end() ? known->second : entries_.end();
+  return known != index_.end() ? known->second : entries_.size();
 }
 
 CachedText& TextCache::Get(const FontObject& font, StringView text, const LayoutOptions& options) {
   const Key key{font.GetId(), options, text};
-  // A shadow and its words follow on each other.
-  if (!entries_.empty() && entries_.front().key == key) return entries_.front().cached;
-  const auto found = Find(key);
-  if (found != entries_.end()) {
-    next_ = std::prev(found);
-    entries_.splice(entries_.begin(), entries_, found);
-    return found->cached;
+  last_ = Find(key);
+  if (last_ == entries_.size()) {
+    font.ReportSubstitute();
+    if (entries_.size() >= std::max(most_, kUsual)) ForgetOld();
+    last_ = entries_.size();
+    entries_.push_back(std::make_unique<Entry>(font, text, options));
+    index_.emplace(entries_.back()->key, last_);
   }
-  font.ReportSubstitute();
-  while (CanForgetOldest()) ForgetOldest();
-  entries_.emplace_front(font, text, options);
-  index_.emplace(entries_.front().key, entries_.begin());
-  return entries_.front().cached;
+  entries_[last_]->lastUsed = frame_;
+  return entries_[last_]->cached;
 }
 
-const TextMesh* TextCache::Show(CachedText& text, const FontObject& font, const TextPlacement& placement) const {
-  if (text.mesh.placement != placement) {
-    if (text.lastShown == frame_) return nullptr;
-    text.mesh.Build(font, text.layout, placement);
+// A frame that shows more texts than usual would lay out each of them anew, each time, were those of the frame before
+// forgotten. Twice as many as are kept may come before they are looked at again.
+void TextCache::ForgetOld() {
+  const auto isOld = [this](const std::unique_ptr<Entry>& entry) { return entry->lastUsed + 1 < frame_; };
+  for (const std::unique_ptr<Entry>& entry : entries_) {
+    if (isOld(entry)) index_.erase(entry->key);
   }
-  text.lastShown = frame_;
-  return &text.mesh;
+  std::erase_if(entries_, isOld);
+  for (std::size_t i = 0; i < entries_.size(); ++i) index_.find(entries_[i]->key)->second = i;
+  most_ = 2 * entries_.size();
+}
+
+const TextMesh& TextCache::Show(CachedText& text, const FontObject& font, const TextWindow& window) const {
+  const auto isFit = [&](const TextMesh& mesh) { return mesh.window == window && mesh.lastShown != 0; };
+  auto mesh = std::ranges::find_if(text.meshes, isFit);
+  if (mesh == text.meshes.end()) {
+    mesh = std::ranges::find_if(text.meshes, [this](const TextMesh& old) { return old.lastShown != frame_; });
+    if (mesh == text.meshes.end()) mesh = text.meshes.emplace(mesh);
+    mesh->Build(font, text.layout, window);
+  }
+  mesh->lastShown = frame_;
+  return *mesh;
 }
 
 }  // namespace qen::base

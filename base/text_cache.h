@@ -3,8 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <list>
+#include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "base/draw_text.h"
 #include "base/text_layout.h"
@@ -16,23 +17,21 @@ class FontObject;
 
 struct CachedText {
   TextLayout layout;
-  TextMesh mesh;                // as it was shown last
-  std::uint32_t lastShown = 0;  // the number of a frame, from 2 on
+  std::vector<TextMesh> meshes;  // as it was shown, at one window each
 };
 
 class TextCache {
  public:
   // What was shown in a frame stays for the next one, the others until many were asked for. Allocates nothing for a
-  // text that is known.
+  // text that is known. The text stays where it is until it is forgotten.
   CachedText& Get(const FontObject& font, StringView text, const LayoutOptions& options);
 
-  // The mesh of a text for this frame, which keeps it; null when the frame shows the text at another placement already.
-  const TextMesh* Show(CachedText& text, const FontObject& font, const TextPlacement& placement) const;
+  // The mesh of a text, whose quads stay until the next frame begins.
+  const TextMesh& Show(CachedText& text, const FontObject& font, const TextWindow& window) const;
 
   void BeginFrame() { ++frame_; }
 
-  String scratch;        // for a text that is being formatted
-  TextMesh scratchMesh;  // for a text that a frame shows a second time, at another placement
+  String scratch;  // for a text that is being formatted
 
  private:
   struct Key {
@@ -51,20 +50,19 @@ class TextCache {
     Entry(const FontObject& font, StringView words, const LayoutOptions& options);
 
     String text;
-    Key key;  // its text is `text`
+    Key key;                     // its text is `text`
+    std::uint32_t lastUsed = 0;  // the number of a frame
     CachedText cached;
   };
 
-  using Entries = std::list<Entry>;
+  std::size_t Find(const Key& key) const;
+  void ForgetOld();
 
-  [[nodiscard]] bool CanForgetOldest() const;
-  Entries::iterator Find(const Key& key);
-  void ForgetOldest();
-
-  Entries entries_;                          // the one used last comes first
-  Entries::iterator next_ = entries_.end();  // what followed, the last time, on the one used last; the end: not known
+  std::vector<std::unique_ptr<Entry>> entries_;  // in the order in which they were first used
+  std::size_t last_ = 0;                         // the one used last
+  std::size_t most_ = 0;                         // more are not kept without looking for old ones
   std::uint32_t frame_ = 2;
-  std::unordered_map<Key, Entries::iterator, Hash> index_;
+  std::unordered_map<Key, std::size_t, Hash> index_;
 };
 
 }  // namespace qen::base

@@ -14,7 +14,7 @@ class NullRender final : public base::IRenderBackend {
   void DestroyTexture(std::uint32_t) override {}
   std::uint32_t CreateGeometry(std::span<const base::Vertex>, std::span<const std::uint32_t>) override { return 1; }
   void DestroyGeometry(std::uint32_t) override {}
-  void Draw(base::DrawList& list, std::int32_t, std::int32_t) override { benchmark::DoNotOptimize(list.items.data()); }
+  void Draw(const base::DrawList& list, std::int32_t, std::int32_t) override { benchmark::DoNotOptimize(list.items.data()); }
 };
 
 constexpr float kEyeDistance = 144.1F;

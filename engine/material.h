@@ -54,6 +54,8 @@ class QEN_API MaterialParams {
   AlphaMode alphaMode = AlphaMode::Opaque;
   bool doubleSided = false;
 
+  friend bool operator==(const MaterialParams&, const MaterialParams&) = default;
+
  private:
   std::array<Texture*, TEXTURE_SLOT_COUNT> textures_{};
 };

@@ -21,8 +21,8 @@ class IRenderBackend {
   virtual std::uint32_t CreateGeometry(std::span<const Vertex> vertices, std::span<const std::uint32_t> indices) = 0;
   virtual void DestroyGeometry(std::uint32_t geometry) = 0;
 
-  // Draws a whole frame of the given size in pixels. It may call `OwnVertices` on the list, and change it no further.
-  virtual void Draw(DrawList& list, std::int32_t width, std::int32_t height) = 0;
+  // Draws a whole frame of the given size in pixels.
+  virtual void Draw(const DrawList& list, std::int32_t width, std::int32_t height) = 0;
 };
 
 }  // namespace qen::base

@@ -17,12 +17,9 @@ std::uint32_t RecordingRender::CreateGeometry(std::span<const Vertex> vertices,
 
 void RecordingRender::DestroyGeometry(std::uint32_t geometry) { geometries.erase(geometry); }
 
-void RecordingRender::Draw(DrawList& list, std::int32_t frameWidth, std::int32_t frameHeight) {
+void RecordingRender::Draw(const DrawList& list, std::int32_t frameWidth, std::int32_t frameHeight) {
   frame = list;
-  frame.OwnVertices();
-  for (DrawItem& item : frame.items) {
-    if (item.kind == DrawKind::Mesh) item.entry.world = &item.world;
-  }
+  frame.SpellOutTexts();
   width = frameWidth;
   height = frameHeight;
 }

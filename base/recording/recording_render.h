@@ -20,7 +20,7 @@ class QEN_API RecordingRender final : public IRenderBackend {
   void DestroyTexture(std::uint32_t texture) override;
   std::uint32_t CreateGeometry(std::span<const Vertex> vertices, std::span<const std::uint32_t> indices) override;
   void DestroyGeometry(std::uint32_t geometry) override;
-  void Draw(DrawList& list, std::int32_t width, std::int32_t height) override;
+  void Draw(const DrawList& list, std::int32_t width, std::int32_t height) override;
 
   std::map<std::uint32_t, Image> textures;  // that exist
   std::map<std::uint32_t, Geometry> geometries;

@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "host/render/frame_plan.h"
+
 namespace qen::host {
 namespace {
+
+constexpr GLuint kFirstColumn = 4;  // of the place, behind the vertex's attributes
 
 void DescribeMeshVertices() {
   constexpr GLsizei kStride = sizeof(base::Vertex);
@@ -12,7 +16,20 @@ void DescribeMeshVertices() {
   glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, normal)));
   glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, u)));
   glVertexAttribPointer(3, 4, GL_UNSIGNED_BYTE, GL_TRUE, kStride, BufferOffset(offsetof(base::Vertex, color)));
-  for (GLuint i = 0; i < 4; ++i) glEnableVertexAttribArray(i);
+  for (GLuint i = 0; i < kFirstColumn; ++i) glEnableVertexAttribArray(i);
+  for (GLuint i = kFirstColumn; i < kFirstColumn + 3; ++i) {
+    glEnableVertexAttribArray(i);
+    glVertexAttribDivisor(i, 1);
+  }
+}
+
+void DescribePlaces(const GlBuffer& places, std::uint32_t first) {
+  constexpr std::size_t kColumn = 4 * sizeof(float);
+  glBindBuffer(GL_ARRAY_BUFFER, places.Get());
+  for (GLuint i = 0; i < 3; ++i) {
+    glVertexAttribPointer(kFirstColumn + i, 4, GL_FLOAT, GL_FALSE, sizeof(MeshPlace),
+                          BufferOffset(first * sizeof(MeshPlace) + i * kColumn));
+  }
 }
 
 }  // namespace
@@ -31,11 +48,13 @@ std::uint32_t GeometryStore::Create(std::span<const base::Vertex> vertices, std:
   return meshes_.Add(std::move(mesh));
 }
 
-void GeometryStore::Draw(std::uint32_t geometry) const {
+void GeometryStore::Draw(std::uint32_t geometry, const GlBuffer& places, std::uint32_t first,
+                         std::uint32_t count) const {
   const Mesh* mesh = meshes_.Find(geometry);
   if (mesh == nullptr) return;
   glBindVertexArray(mesh->array.Get());
-  glDrawElements(GL_TRIANGLES, mesh->count, GL_UNSIGNED_INT, nullptr);
+  DescribePlaces(places, first);
+  glDrawElementsInstanced(GL_TRIANGLES, mesh->count, GL_UNSIGNED_INT, nullptr, static_cast<GLsizei>(count));
 }
 
 }  // namespace qen::host

@@ -16,7 +16,11 @@ class GeometryStore {
   std::uint32_t Create(std::span<const base::Vertex> vertices, std::span<const std::uint32_t> indices);
   void Destroy(std::uint32_t geometry) { meshes_.Remove(geometry); }
 
-  void Draw(std::uint32_t geometry) const;  // with the present program; unknown ones are ignored
+  [[nodiscard]] std::uint64_t Changes() const { return meshes_.Changes(); }  // grows whenever a name's meaning changes
+
+  // Draws one for each of `count` places from `first` on, with the present program. Places are MeshPlaces; unknown
+  // geometries are ignored.
+  void Draw(std::uint32_t geometry, const GlBuffer& places, std::uint32_t first, std::uint32_t count) const;
 
  private:
   struct Mesh {

@@ -1,10 +1,12 @@
 #include "host/render/gl_renderer.h"
 
 #include <iostream>
+#include <span>
+#include <utility>
 
-#include "host/render/draw_order.h"
 #include "host/render/geometry_store.h"
 #include "host/render/mesh_painter.h"
+#include "host/render/planner.h"
 #include "host/render/render_target.h"
 #include "host/render/texture_store.h"
 #include "host/render/vertex_painter.h"
@@ -40,10 +42,16 @@ struct GlRenderer::Parts {
         toWindow(options.toWindow),
         target(options.samples) {}
 
-  void BeginFrame(const base::DrawList& list, std::int32_t width, std::int32_t height);
-  void DrawLayer(const base::DrawList& list, const base::DrawLayer& layer);
-  void DrawBlended(const base::DrawList& list, const Matrix4x4& viewProjection);
+  bool IsShown(std::int32_t newWidth, std::int32_t newHeight) const;
+  void DrawPlan();
+  void BeginFrame();
+  void DrawLayer(const PlannedLayer& layer);
+  void DrawBlended(std::span<const Batch> batches);
   void EndFrame();
+
+  [[nodiscard]] std::span<const Batch> Batches(std::uint32_t begin, std::uint32_t end) const {
+    return std::span(plan.batches).subspan(begin, end - begin);
+  }
 
   ErrorSink onError;
   DriverMessages driverMessages{onError};
@@ -54,11 +62,35 @@ struct GlRenderer::Parts {
   GeometryStore geometry;
   MeshPainter meshes{geometry, textures};
   VertexPainter paint{textures};
-  DrawOrder order;
+  Planner planner;
+  FramePlan plan;
   Matrix4x4 pixels;
+
+  // Of the picture that is there.
+  bool isThere = false;
+  bool hasChanged = false;  // against the one before
+  FramePlan shown;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::uint64_t contents = 0;
 };
 
-void GlRenderer::Parts::BeginFrame(const base::DrawList& list, std::int32_t width, std::int32_t height) {
+bool GlRenderer::Parts::IsShown(std::int32_t newWidth, std::int32_t newHeight) const {
+  return isThere && newWidth == width && newHeight == height && contents == textures.Changes() + geometry.Changes() &&
+         plan.ShowsTheSameAs(shown);
+}
+
+void GlRenderer::Parts::DrawPlan() {
+  isThere = false;
+  BeginFrame();
+  for (const PlannedLayer& layer : plan.layers) DrawLayer(layer);
+  EndFrame();
+  isThere = true;
+  contents = textures.Changes() + geometry.Changes();
+  std::swap(plan, shown);
+}
+
+void GlRenderer::Parts::BeginFrame() {
   target.Begin(width, height);
   pixels = PixelTransform(width, height);
   glEnable(GL_FRAMEBUFFER_SRGB);
@@ -70,39 +102,41 @@ void GlRenderer::Parts::BeginFrame(const base::DrawList& list, std::int32_t widt
   glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
   glDepthFunc(GL_LEQUAL);
-  paint.SetVertices(list.vertices);
+  // Texts and quads that lie on a surface win over it.
+  glPolygonOffset(-1.0F, -1.0F);
+  meshes.Begin(plan, target.IsMultisampled());
+  paint.Begin(plan);
 }
 
-void GlRenderer::Parts::DrawLayer(const base::DrawList& list, const base::DrawLayer& layer) {
+void GlRenderer::Parts::DrawLayer(const PlannedLayer& layer) {
   const Matrix4x4 viewProjection = layer.view * WithGlDepth(layer.projection);
   meshes.SetCamera(layer.view, viewProjection);
-  order.Sort(list, layer);
-
   glEnable(GL_DEPTH_TEST);
   glDepthMask(GL_TRUE);
   glClear(GL_DEPTH_BUFFER_BIT);
   glDisable(GL_BLEND);
-  for (const std::uint32_t i : order.solid) meshes.Draw(list.items[i], target.IsMultisampled());
+  for (const Batch& batch : Batches(layer.begin, layer.blended)) meshes.Draw(batch);
 
   glDepthMask(GL_FALSE);
   glEnable(GL_BLEND);
-  DrawBlended(list, viewProjection);
+  paint.SetTransform(viewProjection);
+  DrawBlended(Batches(layer.blended, layer.flat));
 
   glDisable(GL_DEPTH_TEST);
-  for (const std::uint32_t i : order.flat) paint.Draw(list.items[i], pixels);
+  glDisable(GL_CULL_FACE);
+  paint.SetTransform(pixels);
+  for (const Batch& batch : Batches(layer.flat, layer.end)) paint.Draw(batch);
 }
 
-void GlRenderer::Parts::DrawBlended(const base::DrawList& list, const Matrix4x4& viewProjection) {
-  // Texts and quads that lie on a surface win over it.
-  glPolygonOffset(-1.0F, -1.0F);
-  for (const std::uint32_t i : order.blended) {
-    const base::DrawItem& item = list.items[i];
-    if (item.kind == base::DrawKind::Mesh) {
-      meshes.Draw(item, target.IsMultisampled());
+void GlRenderer::Parts::DrawBlended(std::span<const Batch> batches) {
+  for (const Batch& batch : batches) {
+    if (batch.kind == BatchKind::Meshes) {
+      meshes.Draw(batch);
       continue;
     }
+    glDisable(GL_CULL_FACE);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    paint.Draw(item, item.world * viewProjection);
+    paint.Draw(batch);
     glDisable(GL_POLYGON_OFFSET_FILL);
   }
 }
@@ -113,7 +147,6 @@ void GlRenderer::Parts::EndFrame() {
   glBindVertexArray(0);
   target.Resolve();
   if (toWindow) target.CopyToWindow();
-  ReportErrors(onError, lastError);
 }
 
 GlRenderer::GlRenderer(const GlRendererOptions& options) : parts_(std::make_unique<Parts>(options)) {}
@@ -131,12 +164,26 @@ std::uint32_t GlRenderer::CreateGeometry(std::span<const base::Vertex> vertices,
 
 void GlRenderer::DestroyGeometry(std::uint32_t geometry) { parts_->geometry.Destroy(geometry); }
 
-void GlRenderer::Draw(base::DrawList& list, std::int32_t width, std::int32_t height) {
+void GlRenderer::Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) {
   if (width <= 0 || height <= 0) return;
-  list.OwnVertices();
-  parts_->BeginFrame(list, width, height);
-  for (const base::DrawLayer& layer : list.layers) parts_->DrawLayer(list, layer);
-  parts_->EndFrame();
+  parts_->planner.Plan(list, parts_->plan);
+  parts_->hasChanged = !parts_->IsShown(width, height);
+  if (parts_->hasChanged) {
+    parts_->width = width;
+    parts_->height = height;
+    parts_->DrawPlan();
+  }
+  ReportErrors(parts_->onError, parts_->lastError);
+}
+
+bool GlRenderer::HasChanged() const { return parts_->hasChanged; }
+
+std::uint32_t GlRenderer::DrawCalls() const {
+  return parts_->hasChanged ? static_cast<std::uint32_t>(parts_->shown.batches.size()) : 0;
+}
+
+void GlRenderer::ShowAgain() const {
+  if (parts_->isThere && parts_->toWindow) parts_->target.CopyToWindow();
 }
 
 void GlRenderer::Read(base::Image& image) const { parts_->target.Read(image); }

@@ -31,8 +31,14 @@ class GlRenderer final : public base::IRenderBackend {
   void DestroyGeometry(std::uint32_t geometry) override;
 
   // Leaves the picture where Read finds it and, as asked for, in the back buffer of the window. A size of 0 draws
-  // nothing.
-  void Draw(base::DrawList& list, std::int32_t width, std::int32_t height) override;
+  // nothing; nor is anything drawn when the picture would be the one that is there.
+  void Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) override;
+
+  // Of the last Draw: whether the picture is another one than before, and how many draw calls it took.
+  [[nodiscard]] bool HasChanged() const;
+  [[nodiscard]] std::uint32_t DrawCalls() const;
+
+  void ShowAgain() const;  // puts the last frame into the back buffer of the window
 
   void Read(base::Image& image) const;  // the last frame
   [[nodiscard]] IGlyphPages& GlyphPages();

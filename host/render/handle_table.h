@@ -12,6 +12,7 @@ template <class T>
 class HandleTable {
  public:
   std::uint32_t Add(T object) {
+    ++changes_;
     if (free_.empty()) {
       objects_.emplace_back(std::move(object));
       return static_cast<std::uint32_t>(objects_.size());
@@ -25,6 +26,7 @@ class HandleTable {
   // Unknown numbers are ignored.
   void Remove(std::uint32_t handle) {
     if (Find(handle) == nullptr) return;
+    ++changes_;
     objects_[handle - 1].reset();
     free_.push_back(handle);
   }
@@ -35,9 +37,12 @@ class HandleTable {
     return &*objects_[handle - 1];
   }
 
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }  // how often something was added or removed
+
  private:
   std::vector<std::optional<T>> objects_;
   std::vector<std::uint32_t> free_;
+  std::uint64_t changes_ = 0;
 };
 
 }  // namespace qen::host

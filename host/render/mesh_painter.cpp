@@ -1,10 +1,8 @@
 #include "host/render/mesh_painter.h"
 
-#include <algorithm>
 #include <array>
+#include <utility>
 
-#include "engine/light.h"
-#include "engine/mesh.h"
 #include "engine/texture.h"
 #include "host/render/mesh_shader.h"
 
@@ -14,18 +12,9 @@ namespace {
 constexpr GLuint kBaseUnit = 0;
 constexpr GLuint kEmissiveUnit = 1;
 
-Vec3 Row(const Matrix4x4& matrix, int i) { return {matrix.m[i][0], matrix.m[i][1], matrix.m[i][2]}; }
-
 std::uint32_t TextureIn(const MaterialParams& params, TEXTURE_SLOT slot) {
   const Texture* texture = params.GetTexture(slot);
   return texture == nullptr ? 0 : texture->GetHandle();
-}
-
-const Light* FirstDirectional(const LightList* lights) {
-  if (lights == nullptr) return nullptr;
-  const auto found = std::ranges::find_if(
-      *lights, [](const Light* light) { return light != nullptr && light->type == Light::kDirectional; });
-  return found == lights->end() ? nullptr : *found;
 }
 
 }  // namespace
@@ -35,12 +24,22 @@ GlProgram MeshPainter::MakeProgram() { return {kMeshVertexShader, kMeshFragmentS
 MeshPainter::MeshPainter(const GeometryStore& geometry, const TextureStore& textures)
     : geometry_(geometry), textures_(textures), at_{} {
   const auto find = [this](const char* name) { return program_.Uniform(name); };
-  at_ = {find("uWorld"),    find("uViewProjection"), find("uNormalMatrix"), find("uBaseColor"),   find("uEmissive"),
-         find("uMetallic"), find("uRoughness"),      find("uAlphaMode"),    find("uAlphaCutoff"), find("uCoverage"),
-         find("uEye"),      find("uToLight"),        find("uLightColor"),   find("uLit")};
+  at_ = {find("uViewProjection"), find("uMirrored"),   find("uBaseColor"),   find("uEmissive"), find("uMetallic"),
+         find("uRoughness"),      find("uAlphaMode"),  find("uAlphaCutoff"), find("uCoverage"), find("uEye"),
+         find("uToLight"),        find("uLightColor"), find("uLit")};
   program_.Use();
   glUniform1i(find("uBaseMap"), kBaseUnit);
   glUniform1i(find("uEmissiveMap"), kEmissiveUnit);
+}
+
+void MeshPainter::Begin(const FramePlan& plan, bool multisampled) {
+  plan_ = &plan;
+  multisampled_ = multisampled;
+  material_ = light_ = kNone;
+  if (plan.places.empty()) return;
+  glBindBuffer(GL_ARRAY_BUFFER, places_.Get());
+  const auto bytes = static_cast<GLsizeiptr>(plan.places.size() * sizeof(MeshPlace));
+  glBufferData(GL_ARRAY_BUFFER, bytes, plan.places.data(), GL_STREAM_DRAW);
 }
 
 void MeshPainter::SetCamera(const Matrix4x4& view, const Matrix4x4& viewProjection) {
@@ -61,39 +60,26 @@ void MeshPainter::SetMaterial(const MaterialParams& params, bool smoothCutout) c
   glUniform1i(at_.coverage, smoothCutout ? 1 : 0);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_1), kBaseUnit, TextureStore::Filter::Repeat);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_0), kEmissiveUnit, TextureStore::Filter::Repeat);
-  (params.doubleSided ? glDisable : glEnable)(GL_CULL_FACE);
 }
 
-void MeshPainter::SetLight(const LightList* lights) const {
-  const Light* light = FirstDirectional(lights);
-  glUniform1i(at_.lit, light != nullptr ? 1 : 0);
-  if (light == nullptr) return;
-  Vec3 toLight = -light->direction;
-  toLight.Normalize();
-  glUniform3f(at_.toLight, toLight.x, toLight.y, toLight.z);
-  glUniform3f(at_.lightColor, light->color.x, light->color.y, light->color.z);
+void MeshPainter::SetLight(const MeshLight& light) const {
+  glUniform1i(at_.lit, light.lit ? 1 : 0);
+  if (!light.lit) return;
+  glUniform3f(at_.toLight, light.toLight.x, light.toLight.y, light.toLight.z);
+  glUniform3f(at_.lightColor, light.color.x, light.color.y, light.color.z);
 }
 
-void MeshPainter::SetPlace(const Matrix4x4& world) const {
-  // The cofactors turn normals as the inverse's transpose does, and exist for flattened nodes too.
-  std::array<Vec3, 3> normal{Cross(Row(world, 1), Row(world, 2)), Cross(Row(world, 2), Row(world, 0)),
-                             Cross(Row(world, 0), Row(world, 1))};
-  const bool mirrored = Dot(Row(world, 0), normal[0]) < 0.0F;
-  if (mirrored) std::ranges::transform(normal, normal.begin(), [](const Vec3& row) { return -row; });
-  glFrontFace(mirrored ? GL_CW : GL_CCW);
-  glUniformMatrix4fv(at_.world, 1, GL_FALSE, &world.m[0][0]);
-  glUniformMatrix3fv(at_.normalMatrix, 1, GL_FALSE, &normal[0].x);
-}
-
-void MeshPainter::Draw(const base::DrawItem& item, bool multisampled) const {
-  const MaterialParams& params = item.entry.subMesh->GetMaterialParams();
-  const bool smoothCutout = multisampled && params.alphaMode == AlphaMode::Mask;
+void MeshPainter::Draw(const Batch& batch) {
+  const MaterialParams& params = plan_->materials[batch.material];
+  const bool smoothCutout = multisampled_ && params.alphaMode == AlphaMode::Mask;
   program_.Use();
-  SetMaterial(params, smoothCutout);
-  SetLight(item.entry.lights);
-  SetPlace(item.entry.world != nullptr ? *item.entry.world : item.world);
+  if (std::exchange(material_, batch.material) != batch.material) SetMaterial(params, smoothCutout);
+  if (std::exchange(light_, batch.light) != batch.light) SetLight(plan_->lights[batch.light]);
+  glUniform1i(at_.mirrored, batch.mirrored ? 1 : 0);
+  glFrontFace(batch.mirrored ? GL_CW : GL_CCW);
+  (params.doubleSided ? glDisable : glEnable)(GL_CULL_FACE);
   if (smoothCutout) glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);
-  geometry_.Draw(item.entry.subMesh->geometry);
+  geometry_.Draw(batch.name, places_, batch.first, batch.count);
   if (smoothCutout) glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
 }
 

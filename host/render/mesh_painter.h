@@ -1,8 +1,7 @@
 // Draws meshes.
 #pragma once
 
-#include "base/draw_list.h"
-#include "engine/material.h"
+#include "host/render/frame_plan.h"
 #include "host/render/geometry_store.h"
 #include "host/render/gl_program.h"
 #include "host/render/texture_store.h"
@@ -13,24 +12,33 @@ class MeshPainter {
  public:
   MeshPainter(const GeometryStore& geometry, const TextureStore& textures);
 
+  // The frame that follows, until the next one; the plan must stay. `multisampled`: cut-outs may have smooth edges.
+  void Begin(const FramePlan& plan, bool multisampled);
+
   // The camera of what follows, its projection with OpenGL's depth.
   void SetCamera(const Matrix4x4& view, const Matrix4x4& viewProjection);
 
-  // `multisampled`: cut-outs may have smooth edges.
-  void Draw(const base::DrawItem& item, bool multisampled) const;
+  void Draw(const Batch& batch);
 
  private:
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
   void SetMaterial(const MaterialParams& params, bool smoothCutout) const;
-  void SetLight(const LightList* lights) const;
-  void SetPlace(const Matrix4x4& world) const;
+  void SetLight(const MeshLight& light) const;
 
   const GeometryStore& geometry_;
   const TextureStore& textures_;
   GlProgram program_{MakeProgram()};
+  GlBuffer places_;
   struct Uniforms {
-    GLint world, viewProjection, normalMatrix, baseColor, emissive, metallic, roughness, alphaMode, alphaCutoff,
-        coverage, eye, toLight, lightColor, lit;
+    GLint viewProjection, mirrored, baseColor, emissive, metallic, roughness, alphaMode, alphaCutoff, coverage, eye,
+        toLight, lightColor, lit;
   } at_;
+
+  const FramePlan* plan_ = nullptr;
+  bool multisampled_ = false;
+  std::uint32_t material_ = kNone;  // that is set, of the plan's
+  std::uint32_t light_ = kNone;
 
   static GlProgram MakeProgram();
 };

@@ -12,21 +12,27 @@ layout(location = 0) in vec3 aPosition;
 layout(location = 1) in vec3 aNormal;
 layout(location = 2) in vec2 aUv;
 layout(location = 3) in vec4 aColor;
-uniform mat4 uWorld;
+layout(location = 4) in vec4 aWorldX;  // columns of the world matrix, by mesh
+layout(location = 5) in vec4 aWorldY;
+layout(location = 6) in vec4 aWorldZ;
 uniform mat4 uViewProjection;
-uniform mat3 uNormalMatrix;
+uniform bool uMirrored;
 out vec3 vPosition;
 out vec3 vNormal;
 out vec2 vUv;
 out vec4 vColor;
 
 void main() {
-  vec4 world = uWorld * vec4(aPosition, 1.0);
-  vPosition = world.xyz;
-  vNormal = uNormalMatrix * aNormal;
+  vec4 position = vec4(aPosition, 1.0);
+  vPosition = vec3(dot(position, aWorldX), dot(position, aWorldY), dot(position, aWorldZ));
+  // The cofactors turn normals as the inverse's transpose does, and exist for flattened nodes too.
+  vec3 x = vec3(aWorldX.x, aWorldY.x, aWorldZ.x);
+  vec3 y = vec3(aWorldX.y, aWorldY.y, aWorldZ.y);
+  vec3 z = vec3(aWorldX.z, aWorldY.z, aWorldZ.z);
+  vNormal = mat3(cross(y, z), cross(z, x), cross(x, y)) * (uMirrored ? -aNormal : aNormal);
   vUv = aUv;
   vColor = aColor;
-  gl_Position = uViewProjection * world;
+  gl_Position = uViewProjection * vec4(vPosition, 1.0);
 }
 )";
 

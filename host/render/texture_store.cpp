@@ -77,6 +77,7 @@ void TextureStore::UpdatePage(std::uint32_t page, std::int32_t x, std::int32_t y
                               std::int32_t height, std::span<const std::uint8_t> texels) {
   const GlTexture* texture = textures_.Find(page);
   if (texture == nullptr) return;
+  ++updates_;
   glBindTexture(GL_TEXTURE_2D, texture->Get());
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   glTexSubImage2D(GL_TEXTURE_2D, 0, x, y, width, height, GL_RED, GL_UNSIGNED_BYTE, texels.data());

@@ -24,6 +24,9 @@ class TextureStore final : public IGlyphPages {
   void UpdatePage(std::uint32_t page, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
                   std::span<const std::uint8_t> texels) override;
 
+  // Grows whenever what a name stands for changes.
+  [[nodiscard]] std::uint64_t Changes() const { return textures_.Changes() + updates_; }
+
   // Repeat and Clamp tell what is beyond the edges of pictures, Page is for pages of glyphs: no more than the four
   // nearest texels count, however small the glyph.
   enum class Filter : std::uint8_t { Repeat, Clamp, Page };
@@ -39,6 +42,7 @@ class TextureStore final : public IGlyphPages {
   GlTexture white_;
   std::array<GlSampler, 3> samplers_;  // one a filter
   GLint largest_ = 0;
+  std::uint64_t updates_ = 0;  // of pages
 };
 
 }  // namespace qen::host

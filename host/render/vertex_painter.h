@@ -1,10 +1,9 @@
-// Draws the items of a frame that have vertices of their own: texts, quads and lines.
+// Draws texts, quads and lines.
 #pragma once
 
-#include <vector>
-
-#include "base/draw_list.h"
+#include "host/render/frame_plan.h"
 #include "host/render/gl_program.h"
+#include "host/render/glyph_buffer.h"
 #include "host/render/texture_store.h"
 
 namespace qen::host {
@@ -13,17 +12,19 @@ class VertexPainter {
  public:
   explicit VertexPainter(const TextureStore& textures);
 
-  // The vertices of the whole frame.
-  void SetVertices(const std::vector<base::DrawVertex>& vertices);
+  void Begin(const FramePlan& plan);  // the frame that follows
 
-  // Draws one item with the matrix that takes its vertices to OpenGL's clip space.
-  void Draw(const base::DrawItem& item, const Matrix4x4& transform) const;
+  // What takes the places of what follows to OpenGL's clip space.
+  void SetTransform(const Matrix4x4& transform) const;
+
+  void Draw(const Batch& batch) const;
 
  private:
   const TextureStore& textures_;
   GlProgram program_;
   GlVertexArray array_;
   GlBuffer vertices_;
+  GlyphBuffer glyphs_;
   GLint transformAt_;
   GLint useAt_;
 };

@@ -121,7 +121,7 @@ class RenderTest : public ::testing::Test {
           {{-1, -1, z}, normal}, {{right, -1, z}, normal}, {{right, 1, z}, normal}, {{-1, 1, z}, normal}};
       SubMesh& mesh = *meshes.emplace_back(std::make_unique<SubMesh>());
       mesh.geometry = renderer->CreateGeometry(corners, std::array<std::uint32_t, 6>{0, 1, 2, 0, 2, 3});
-      AddItem(DrawKind::Mesh, z).entry.subMesh = &mesh;
+      AddItem(DrawKind::Mesh, z).subMesh = &mesh;
       params = &mesh.GetMaterialParams();
       const float alpha = static_cast<float>(thing.argb >> 24) / 255.0F;
       params->baseColor = {Linear(thing.argb >> 16), Linear(thing.argb >> 8), Linear(thing.argb), alpha};
@@ -172,7 +172,7 @@ TEST_F(RenderTest, ShowsWhatIsNearerOrLaterInItsColoursAndItsLight) {
   const auto turned = [](auto& item, auto&) { item.world.m[0][0] = item.world.m[2][2] = -(item.world.m[3][2] = 1.0F); };
   const auto twoSided = [&](auto& item, auto& params) { turned(item, params), params.doubleSided = true; };
   const auto mirrored = [](auto& item, auto&) { item.world.m[0][0] = -1.0F; };
-  const auto flattened = [&](auto& item, auto&) { item.entry.lights = &sunny, item.world.m[2][2] = 0.0F; };
+  const auto flattened = [&](auto& item, auto&) { item.lights = &sunny, item.world.m[2][2] = 0.0F; };
   const auto pictured = [](Texture& texture, AlphaMode mode, float cutoff) {
     return [&texture, mode, cutoff](auto&, auto& params) {
       params.AddTexture(TEXTURE_SLOT_1, &texture);
@@ -268,7 +268,7 @@ TEST_F(RenderTest, MakesNothingOfWhatIsNoneAndTakesNumbersAgain) {
   EXPECT_NE(renderer->CreateTexture(blue), first);
   AddRectangle(DrawKind::Triangles2D, 0, 0, 32, 32, 0, 0xFFFFFFFF).texture = first;
   Add({DrawKind::Mesh, 0.2F});
-  renderer->DestroyGeometry(list.items.back().entry.subMesh->geometry);
+  renderer->DestroyGeometry(list.items.back().subMesh->geometry);
   renderer->DestroyGeometry(4711);
   Show();
   EXPECT_EQ(Halves(), "GG");

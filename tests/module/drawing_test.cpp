@@ -46,7 +46,7 @@ class PageDrawing : public GuiTest {
     std::ostringstream drawn;
     for (const base::DrawItem& item : engine.render.frame.items) {
       if (item.kind == base::DrawKind::Lines3D) drawn << "lines ";
-      if (item.kind == base::DrawKind::Mesh) drawn << item.entry.distance << ' ';
+      if (item.kind == base::DrawKind::Mesh) drawn << item.distance << ' ';
     }
     return drawn.str();
   }

@@ -183,7 +183,7 @@ bool GuiTest::IsDrawn(const String& node, std::uint32_t page) {
   if (wanted == nullptr || wanted->mesh == nullptr) ADD_FAILURE() << "no such mesh: " << Narrow(node);
   DrawPages();
   return std::ranges::any_of(engine.render.frame.items, [wanted](const base::DrawItem& item) {
-    return item.kind == base::DrawKind::Mesh && item.entry.subMesh == wanted->mesh->GetSubMesh(0);
+    return item.kind == base::DrawKind::Mesh && item.subMesh == wanted->mesh->GetSubMesh(0);
   });
 }
 
