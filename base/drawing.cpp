@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstdarg>
 #include <limits>
+#include <typeinfo>
 
 #include "base/context.h"
-#include "base/draw_text.h"
 #include "base/format.h"
 #include "base/record.h"
 #include "engine/material.h"
@@ -29,6 +29,12 @@ using base::TextureUse;
 using base::TextWindow;
 
 constexpr double kRectUnits = 38.0;  // of 3D text rectangles, to a world unit
+
+// Null for none and for what is not from here.
+const FontObject* AsFontObject(const Font* font) {
+  if (font == nullptr || typeid(*font) != typeid(FontObject)) return nullptr;
+  return static_cast<const FontObject*>(font);
+}
 
 bool Has(std::uint32_t flags, std::uint32_t flag) { return (flags & flag) != 0; }
 
@@ -73,6 +79,19 @@ void BeginWithALine(TextWindow& window, float lineHeight, float unit) {
   window.bottom += cut;
 }
 
+// `look` says how and where to draw; its texture and its glyphs are set here.
+void AddText(Context& context, const FontObject& font, StringView text, const LayoutOptions& options,
+             const TextWindow& window, DrawItem& look) {
+  const base::TextMesh& mesh = context.texts.MeshOf(context.texts.Find(font, text, options), font, window);
+  mesh.ForEachPart([&](const base::TextMesh::Part& part) {
+    look.texture = part.texture;
+    look.glyphs.quads = mesh.quads.data() + part.firstQuad;
+    look.glyphs.count = part.quadCount;
+    look.glyphs.content = part.content;
+    context.render.AddText(look);
+  });
+}
+
 // A laid out text on its matrix. Left, width and the visible window are in world units.
 void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& matrix, float scale, float left, float top,
                   float width, float bottom, std::uint32_t flags, Color color, const Char* text) {
@@ -93,7 +112,7 @@ void DrawOnMatrix(Context& context, const FontObject& font, const Matrix4x4& mat
   look.glyphs.origin = {left, 0.0F, cell};
   look.world = matrix;
   look.distance = context.render.DistanceOf(matrix.GetTranslation());
-  base::DrawCached(context.render, context.texts, context.texts.Get(font, text, options), font, window, look);
+  AddText(context, font, text, options, window, look);
 }
 
 std::uint32_t PictureOf(const MaterialParams* params) {
@@ -148,12 +167,13 @@ Rect Drawing::GetTextRect(const Rect& area, std::uint32_t flags, const Char* for
   va_end(arguments);
   base::Record("Drawing::GetTextRect", area, flags, StringView(text));
 
-  const auto* font = dynamic_cast<const FontObject*>(font_);
+  const auto* font = AsFontObject(font_);
   if (font == nullptr || (mode_ != Mode::Text2D && mode_ != Mode::Text3D)) return {};
   const bool flat = mode_ == Mode::Text2D;
   const GlyphStyle style = flat ? GlyphStyle::Bitmap : GlyphStyle::DistanceField;
   const auto width = static_cast<float>(area.right - area.left);
-  const TextLayout& layout = context->texts.Get(*font, text, OptionsOf(style, flags, width / scale_)).layout;
+  const TextLayout& layout =
+      context->texts.LayoutOf(context->texts.Find(*font, text, OptionsOf(style, flags, width / scale_)));
   return flat ? FlatRectOf(area, *font, layout) : SpatialRectOf(area, *font, layout, scale_);
 }
 
@@ -168,7 +188,7 @@ void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char
   va_end(arguments);
   base::Record("Drawing::DrawText2D", x, y, color, StringView(text));
 
-  const auto* font = dynamic_cast<const FontObject*>(font_);
+  const auto* font = AsFontObject(font_);
   if (font == nullptr || mode_ != Mode::Text2D) return;
   DrawItem look;
   look.kind = DrawKind::Text2D;
@@ -176,14 +196,14 @@ void Drawing::DrawText2D(std::int32_t x, std::int32_t y, Color color, const Char
   look.glyphs.argb = color.argb;
   look.glyphs.origin = {static_cast<float>(x), static_cast<float>(y), 0.0F};
   const LayoutOptions options = OptionsOf(GlyphStyle::Bitmap, DT_SINGLELINE, 0.0F);
-  base::DrawCached(context->render, context->texts, context->texts.Get(*font, text, options), *font, {}, look);
+  AddText(*context, *font, text, options, {}, look);
 }
 
 void Drawing::DrawText3D(const Matrix4x4& matrix, const Rect& area, std::uint32_t flags, Color color,
                          const Char* text) {
   base::Record("Drawing::DrawText3D", matrix, area, flags, color, text);
   Context* context = CurrentContext();
-  const auto* font = dynamic_cast<const FontObject*>(font_);
+  const auto* font = AsFontObject(font_);
   if (context == nullptr || font == nullptr || text == nullptr || mode_ != Mode::Text3D) return;
   DrawOnMatrix(*context, *font, matrix, scale_, area.left, area.top, static_cast<float>(area.right - area.left),
                area.bottom, flags, color, text);
@@ -193,7 +213,7 @@ void Drawing::DrawText3D(const Matrix4x4& matrix, float width, float height, std
                          const Char* text) {
   base::Record("Drawing::DrawText3D", matrix, width, height, flags, color, text);
   Context* context = CurrentContext();
-  const auto* font = dynamic_cast<const FontObject*>(font_);
+  const auto* font = AsFontObject(font_);
   if (context == nullptr || font == nullptr || text == nullptr || mode_ != Mode::Text3D) return;
   DrawOnMatrix(*context, *font, matrix, scale_, 0.0F, 0.0F, width, height, flags, color, text);
 }

@@ -121,15 +121,4 @@ Matrix4x4 Matrix4x4::Inverse() const {
   return inverse;
 }
 
-Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b) {
-  Matrix4x4 product;
-  for (std::size_t row = 0; row < 4; ++row) {
-    for (std::size_t column = 0; column < 4; ++column) {
-      product.m[row][column] = a.m[row][0] * b.m[0][column] + a.m[row][1] * b.m[1][column] +
-                               a.m[row][2] * b.m[2][column] + a.m[row][3] * b.m[3][column];
-    }
-  }
-  return product;
-}
-
 }  // namespace qen

@@ -4,30 +4,32 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
-#include "base/draw_text.h"
+#include "base/draw_list.h"
 #include "base/text_layout.h"
+#include "base/text_mesh.h"
 #include "engine/types.h"
 
 namespace qen::base {
 
 class FontObject;
 
-struct CachedText {
-  TextLayout layout;
-  std::vector<TextMesh> meshes;  // as it was shown, at one window each
-};
-
 class TextCache {
  public:
-  // What was shown in a frame stays for the next one, the others until many were asked for. Allocates nothing for a
-  // text that is known. The text stays where it is until it is forgotten.
-  CachedText& Get(const FontObject& font, StringView text, const LayoutOptions& options);
+  // A text that is kept; valid until the next one is asked for.
+  using Id = std::size_t;
 
-  // The mesh of a text, whose quads stay until the next frame begins.
-  const TextMesh& Show(CachedText& text, const FontObject& font, const TextWindow& window) const;
+  // What was shown in a frame stays for the next one, the others until many were asked for. Allocates nothing for a
+  // text that is known.
+  Id Find(const FontObject& font, StringView text, const LayoutOptions& options);
+
+  [[nodiscard]] const TextLayout& LayoutOf(Id text) const { return *texts_[text].layout; }
+
+  // A text as it is seen through a window. Its glyphs stay until the next frame begins.
+  const TextMesh& MeshOf(Id text, const FontObject& font, const TextWindow& window);
 
   void BeginFrame() { ++frame_; }
 
@@ -37,32 +39,37 @@ class TextCache {
   struct Key {
     std::uint32_t font;
     LayoutOptions options;
-    StringView text;
-
-    friend bool operator==(const Key&, const Key&) = default;
+    StringView words;
   };
 
-  struct Hash {
-    std::size_t operator()(const Key& key) const;
-  };
-
-  struct Entry {
-    Entry(const FontObject& font, StringView words, const LayoutOptions& options);
-
-    String text;
-    Key key;                     // its text is `text`
+  // Side by side in the order in which they were first asked for, as frames ask for them again and again.
+  struct Text {
+    std::uint32_t font = 0;
+    LayoutOptions options;
+    std::uint32_t firstWord = 0;  // in words_
+    std::uint32_t length = 0;
     std::uint32_t lastUsed = 0;  // the number of a frame
-    CachedText cached;
+    TextMesh mesh;               // as it was seen last
+    std::unique_ptr<TextLayout> layout;
+    std::vector<std::unique_ptr<TextMesh>> otherMeshes;  // where a frame shows it through several windows
   };
 
-  std::size_t Find(const Key& key) const;
+  [[nodiscard]] bool Is(const Text& text, const Key& key) const;
+  [[nodiscard]] Id FindKnown(const Key& key) const;
+  Id Add(const FontObject& font, const Key& key);
   void ForgetOld();
+  void Keep(Text text, StringView words);
+  const TextMesh& Show(TextMesh& mesh) const;
 
-  std::vector<std::unique_ptr<Entry>> entries_;  // in the order in which they were first used
-  std::size_t last_ = 0;                         // the one used last
-  std::size_t most_ = 0;                         // more are not kept without looking for old ones
+  static std::uint64_t HashOf(const Key& key);
+  [[nodiscard]] Key KeyOf(const Text& text) const;
+
+  std::vector<Text> texts_;
+  String words_;          // of all texts
+  std::size_t most_ = 0;  // more are not kept without looking for old ones
+  Id last_ = 0;           // asked for
   std::uint32_t frame_ = 2;
-  std::unordered_map<Key, std::size_t, Hash> index_;
+  std::unordered_multimap<std::uint64_t, Id> byHash_;
 };
 
 }  // namespace qen::base

@@ -31,10 +31,18 @@ struct alignas(16) Matrix4x4 {
   QEN_API void SetInverse(const Matrix4x4& source);
   [[nodiscard]] QEN_API Matrix4x4 Inverse() const;
 
-  friend QEN_API Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b);
 };
 
-QEN_API Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b);
+inline Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b) {
+  Matrix4x4 product;
+  for (int row = 0; row < 4; ++row) {
+    for (int column = 0; column < 4; ++column) {
+      product.m[row][column] = a.m[row][0] * b.m[0][column] + a.m[row][1] * b.m[1][column] +
+                               a.m[row][2] * b.m[2][column] + a.m[row][3] * b.m[3][column];
+    }
+  }
+  return product;
+}
 
 // The point p transformed, translation included, without a perspective division.
 inline Vec3 operator*(const Matrix4x4& t, const Vec3& p) {

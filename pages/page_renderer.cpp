@@ -44,7 +44,7 @@ void PageRenderer::Draw() {
 
 void PageRenderer::DrawNode(const TMNode& node, std::size_t position) {
   const auto* info = static_cast<const NodeDrawInfo*>(node.userData);
-  if (info != nullptr && info->drawn == 0) return;
+  if (info == nullptr ? node.mesh == nullptr : info->drawn == 0) return;
   const AABB box = node.mesh != nullptr ? node.mesh->GetAABB() : AABB{};
   const Matrix4x4 world = page_.instance->nodeMatrices[position] * page_.instance->GetTM();
   if (info != nullptr && !DrawWidget(*info, world, box)) return;

@@ -1,12 +1,10 @@
-#include "base/draw_text.h"
+#include "base/text_mesh.h"
 
 #include <algorithm>
 #include <cmath>
 #include <span>
 
 #include "base/fonts.h"
-#include "base/render.h"
-#include "base/text_cache.h"
 
 namespace qen::base {
 namespace {
@@ -46,9 +44,18 @@ std::uint32_t NewContent() {
 
 }  // namespace
 
+// The last part, or a new one.
+TextMesh::Part& TextMesh::PartOf(std::uint32_t texture) {
+  Part& last = others.empty() ? first : others.back();
+  if (last.texture == texture) return last;
+  const Part next{texture, static_cast<std::uint32_t>(quads.size()), 0, NewContent()};
+  return first.quadCount == 0 ? first = next : others.emplace_back(next);
+}
+
 void TextMesh::Build(const FontObject& font, const TextLayout& layout, const TextWindow& visible) {
   window = visible;
-  parts.clear();
+  first = {};
+  others.clear();
   quads.clear();
   const auto height = static_cast<float>(font.GetMetric().tmHeight);
   const auto ascent = static_cast<float>(font.GetMetric().tmAscent);
@@ -68,24 +75,9 @@ void TextMesh::Build(const FontObject& font, const TextLayout& layout, const Tex
                      glyph.u1,
                      glyph.v1};
       if (!ClipVertically(quad, window.top, window.bottom)) continue;
-      if (parts.empty() || parts.back().texture != glyph.texture) {
-        parts.push_back({glyph.texture, static_cast<std::uint32_t>(quads.size()), 0, NewContent()});
-      }
+      ++PartOf(glyph.texture).quadCount;
       quads.push_back(quad);
-      ++parts.back().quadCount;
     }
-  }
-}
-
-void DrawCached(RenderService& frame, TextCache& cache, CachedText& text, const FontObject& font,
-                const TextWindow& window, DrawItem& look) {
-  const TextMesh& mesh = cache.Show(text, font, window);
-  for (const TextMesh::Part& part : mesh.parts) {
-    look.texture = part.texture;
-    look.glyphs.quads = mesh.quads.data() + part.firstQuad;
-    look.glyphs.count = part.quadCount;
-    look.glyphs.content = part.content;
-    frame.AddText(look);
   }
 }
 

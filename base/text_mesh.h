@@ -1,4 +1,4 @@
-// Puts laid out texts into the frame.
+// The glyphs of a laid out text that are seen.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +11,6 @@
 namespace qen::base {
 
 class FontObject;
-class RenderService;
-class TextCache;
-struct CachedText;
 
 // How a layout is set and what of it is visible, in font pixels.
 struct TextWindow {
@@ -25,7 +22,7 @@ struct TextWindow {
   friend bool operator==(const TextWindow&, const TextWindow&) = default;
 };
 
-// The visible glyphs of a text. Their place is the upper left corner of the first line's cell.
+// The text begins at the upper left corner of its first line's cell.
 struct TextMesh {
   struct Part {
     std::uint32_t texture = 0;
@@ -36,14 +33,21 @@ struct TextMesh {
 
   void Build(const FontObject& font, const TextLayout& layout, const TextWindow& visible);
 
+  // Calls `draw` with each part.
+  template <class Draw>
+  void ForEachPart(const Draw& draw) const {
+    if (first.quadCount > 0) draw(first);
+    for (const Part& part : others) draw(part);
+  }
+
   TextWindow window;
   std::uint32_t lastShown = 0;  // the number of a frame, from 2 on
-  std::vector<Part> parts;
+  Part first;                   // most texts have one
+  std::vector<Part> others;
   std::vector<GlyphQuad> quads;
-};
 
-// `look` says how and where to draw; its texture and its glyphs' quads are set here.
-void DrawCached(RenderService& frame, TextCache& cache, CachedText& text, const FontObject& font,
-                const TextWindow& window, DrawItem& look);
+ private:
+  Part& PartOf(std::uint32_t texture);
+};
 
 }  // namespace qen::base
