@@ -32,7 +32,7 @@ base::SceneData SceneOf(std::size_t buttons, StringView mark) {
   for (std::size_t i = 0; i < buttons; ++i) {
     const String name = Wide(LabelOf(i));
     const Vec3 place{static_cast<float>(grid.Column(i)) * kStep - half, static_cast<float>(grid.Row(i)) * kStep - half,
-                     kEyeDistance * (away - 1.0F)};
+                     kEyeDistance * (1.0F - away)};
     const std::int32_t node = base::AddNode(scene, String(mark) + name, -1, place);
     for (const StringView state : {u"normal", u"onmouse", u"disabled"}) {
       if (i == 0) {

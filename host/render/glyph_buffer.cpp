@@ -62,15 +62,15 @@ void GlyphBuffer::Update(const FramePlan& plan) {
   for (std::size_t i = 0; i < plan.texts.size(); ++i) {
     const TextPlace& text = plan.texts[i];
     const bool isKnown = i < texts_.size() && !isMoved;
-    if (isKnown && texts_[i] == text) {
-      Flush(first);
-    } else {
+    if (!isKnown || texts_[i] != text) {
+      if (runs_.empty() || runs_.back().end != first) runs_.push_back({first, first});
       Stage(text, plan.glyphs[i]);
+      runs_.back().end += text.count;
       isMoved = isMoved || (isKnown && texts_[i].count != text.count);
     }
     first += text.count;
   }
-  Flush(first);
+  Upload();
   texts_ = plan.texts;
 }
 
@@ -87,13 +87,21 @@ void GlyphBuffer::Stage(const TextPlace& text, const base::GlyphQuad* quads) {
   }
 }
 
-// What is staged belongs before the glyph at `end`.
-void GlyphBuffer::Flush(std::size_t end) {
+// By way of a buffer of its own, so that nothing waits for the frames that are being drawn from the other one.
+void GlyphBuffer::Upload() {
   if (staged_.empty()) return;
-  const std::size_t bytes = staged_.size() * sizeof(base::DrawVertex);
-  glBufferSubData(GL_ARRAY_BUFFER, static_cast<GLintptr>(end * kGlyphBytes - bytes), static_cast<GLsizeiptr>(bytes),
-                  staged_.data());
+  glBindBuffer(GL_COPY_READ_BUFFER, upload_.Get());
+  const auto bytes = static_cast<GLsizeiptr>(staged_.size() * sizeof(base::DrawVertex));
+  glBufferData(GL_COPY_READ_BUFFER, bytes, staged_.data(), GL_STREAM_DRAW);
+  std::size_t staged = 0;
+  for (const Run& run : runs_) {
+    const std::size_t count = run.end - run.begin;
+    glCopyBufferSubData(GL_COPY_READ_BUFFER, GL_ARRAY_BUFFER, static_cast<GLintptr>(staged * kGlyphBytes),
+                        static_cast<GLintptr>(run.begin * kGlyphBytes), static_cast<GLsizeiptr>(count * kGlyphBytes));
+    staged += count;
+  }
   staged_.clear();
+  runs_.clear();
 }
 
 void GlyphBuffer::Draw(std::uint32_t first, std::uint32_t count) const {

@@ -24,14 +24,22 @@ class GlyphBuffer {
  private:
   void Reserve(std::size_t glyphs);
   void Stage(const TextPlace& text, const base::GlyphQuad* quads);
-  void Flush(std::size_t end);
+  void Upload();
+
+  // Glyphs that are new.
+  struct Run {
+    std::size_t begin;
+    std::size_t end;
+  };
 
   GlVertexArray array_;
   GlBuffer vertices_;  // four a glyph
   GlBuffer indices_;   // six a glyph
+  GlBuffer upload_;
   std::size_t capacity_ = 0;
   std::vector<TextPlace> texts_;          // that the buffer holds
-  std::vector<base::DrawVertex> staged_;  // that go there next
+  std::vector<base::DrawVertex> staged_;  // that go there next, and where
+  std::vector<Run> runs_;
 };
 
 }  // namespace qen::host
