@@ -51,8 +51,17 @@ void EmitCall(const Call& call) {
   for (const CallTap* tap : Taps()) tap->sink_(call);
 }
 
+bool AreNamesKept() { return !Taps().empty(); }
+
 void NameObject(const void* object, StringView name) {
-  if (!Taps().empty()) Names()[object] = name;
+  if (AreNamesKept()) Names()[object] = name;
+}
+
+void NameAlike(const void* object, const void* named) {
+  const auto found = Names().find(named);
+  if (found == Names().end()) return;
+  const String name = found->second;
+  Names()[object] = name;
 }
 
 void ForgetObject(const void* object) {

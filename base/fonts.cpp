@@ -64,15 +64,27 @@ Font* FontService::CreateEx(const Char* face, std::int32_t height, std::int32_t 
                             std::int32_t quality, const String& group) {
   Record("FontManager::CreateEx", face, height, width, weight, italic, quality, group);
   const FontRequest request{face == nullptr ? String() : face, height, width, weight, italic};
-  const String name = Describe(request);
-  const String key = ttolowercase(name) + u'\n' + StringConverter::ToString(quality) + u'\n' + group;
-  if (FontObject* known = fonts_.Use(key)) return known;
+  SetKey(request, quality, group);
+  if (FontObject* known = fonts_.Use(key_)) return known;
   std::unique_ptr<IFontFace> made = backend_ == nullptr ? nullptr : backend_->CreateFace(request);
   if (made == nullptr) {
     log_.ReportMissing(u"font", request.face);
     return nullptr;
   }
-  return fonts_.Add(key, std::make_unique<FontObject>(name, group, request.face, std::move(made), ++lastId_, log_));
+  const String name = Describe(request);
+  return fonts_.Add(key_, std::make_unique<FontObject>(name, group, request.face, std::move(made), ++lastId_, log_));
+}
+
+void FontService::SetKey(const FontRequest& request, std::int32_t quality, StringView group) {
+  key_ = ttolowercase(request.face);
+  key_ += u'\n';
+  for (const std::int32_t number :
+       {request.height, request.width, request.weight, quality, std::int32_t{request.italic}}) {
+    const auto bits = static_cast<std::uint32_t>(number);
+    key_ += static_cast<Char>(bits >> 16U);
+    key_ += static_cast<Char>(bits & 0xFFFFU);
+  }
+  key_ += group;
 }
 
 void FontService::Destroy(Resource* resource) {

@@ -49,10 +49,13 @@ class FontService final : public FontManager {
   void Destroy(Resource* resource) override;
 
  private:
+  void SetKey(const FontRequest& request, std::int32_t quality, StringView group);
+
   IFontBackend* backend_;  // null: there are no fonts
   LogService& log_;
   ResourceStore<FontObject> fonts_;
   std::uint32_t lastId_ = 0;
+  String key_;  // all that tells one request from another; kept for its storage
 };
 
 }  // namespace qen::base

@@ -24,7 +24,8 @@ Instance::Instance(StringView name, SimpleScene& scene, const Matrix4x4& transfo
   for (const auto& [index, animation] : scene_->animations) AddAnimation(index, animation.frames);
   NameObject(this, name);
   NameObject(&animCtrl_, name);
-  Reserve(lights);
+  placed_.sceneLights = &lights;
+  PutAtRest();
 }
 
 Instance::~Instance() {
@@ -33,24 +34,15 @@ Instance::~Instance() {
   if (scene_ != nullptr) std::erase(scene_->instances, this);
 }
 
-void Instance::Reserve(const LightList& lights) {
-  std::size_t subMeshes = 0;
-  std::size_t meshes = 0;
-  for (const TMNode* node : scene_->order) {
-    if (node->mesh == nullptr) continue;
-    ++meshes;
-    subMeshes += node->mesh->subMeshes.size();
+void Instance::PutAtRest() {
+  if (scene_->IsAtRest() && IsSame(placed_.transform, Matrix4x4::Identity)) {
+    placed_.nodeMatrices.reserve(scene_->nodes.size());
+    for (const TMNode& node : scene_->nodes) placed_.nodeMatrices.push_back(node.transform);
+    return;
   }
-  placed_.entries.resize(subMeshes);
-  for (RenderEntry& entry : placed_.entries) entry.lights = &lights;
-  placed_.drawMatrices.resize(meshes);
-  const std::size_t nodes = scene_->nodes.size();
-  placed_.nodeMatrices.resize(nodes);
-  poses_.resize(nodes);
-  globals_.resize(nodes);
-  written_.resize(nodes);
-  PoseNodes();
-  MoveNodes();
+  BeginMoving();
+  placed_.nodeMatrices = written_;
+  for (std::size_t i = 0; i < scene_->nodes.size(); ++i) PutNode(i);
 }
 
 void Instance::Disable(bool disabled) {
@@ -70,6 +62,7 @@ void Instance::Advance(double seconds, bool shown) {
   if (animCtrl_.Advance(seconds)) moved_ = true;
   if (!shown || disabled_ || !moved_) return;
   moved_ = false;
+  if (written_.empty()) BeginMoving();
   PoseNodes();
   MoveNodes();
 }
@@ -86,8 +79,20 @@ void Instance::Detach() {
   placed_.drawMatrices.clear();
 }
 
+void Instance::BeginMoving() {
+  const std::size_t nodes = scene_->nodes.size();
+  poses_.resize(nodes);
+  globals_.resize(nodes);
+  written_.resize(nodes);
+  scene_->restPoses.CopyTo(poses_);
+  for (std::size_t i = 0; i < nodes; ++i) {
+    globals_[i] = GlobalOf(i);
+    written_[i] = ToWorld(globals_[i]);
+  }
+}
+
 void Instance::PoseNodes() {
-  std::ranges::copy(scene_->restPose, poses_.begin());
+  scene_->restPoses.CopyTo(poses_);
   for (const AnimCtrl::Playing& playing : animCtrl_.animations) {
     const auto animation = scene_->animations.find(static_cast<std::uint32_t>(playing.index));
     if (animation != scene_->animations.end()) ApplyAnimation(animation->second, playing.frame, poses_);
@@ -96,16 +101,27 @@ void Instance::PoseNodes() {
 
 void Instance::MoveNodes() {
   for (std::size_t i = 0; i < scene_->nodes.size(); ++i) {
-    TMNode& node = scene_->nodes[i];
-    globals_[i] = ToMatrix(poses_[i]);
-    if (node.parent != TMNode::kNoParent) globals_[i] = globals_[i] * globals_[node.parent];
+    globals_[i] = GlobalOf(i);
     const Matrix4x4 world = Place(i, ToWorld(globals_[i]));
     if (IsSame(world, written_[i]) && IsSame(world, placed_.nodeMatrices[i])) continue;
     written_[i] = world;
     placed_.nodeMatrices[i] = world;
-    node.transform = world * placed_.transform;
-    node.inverseTransform = node.transform.Inverse();
+    PutNode(i);
   }
+}
+
+// Puts the scene's node where the instance's is.
+void Instance::PutNode(std::size_t node) {
+  TMNode& moved = scene_->nodes[node];
+  moved.transform = placed_.nodeMatrices[node] * placed_.transform;
+  moved.inverseTransform = moved.transform->Inverse();
+}
+
+// In the file's space; that of its parent is known.
+Matrix4x4 Instance::GlobalOf(std::size_t node) const {
+  const std::uint32_t parent = scene_->nodes[node].parent;
+  const Matrix4x4 local = ToMatrix(poses_[node]);
+  return parent == TMNode::kNoParent ? local : local * globals_[parent];
 }
 
 // Where a node stands that its animation has at `animated`.
@@ -116,9 +132,10 @@ Matrix4x4 Instance::Place(std::size_t node, const Matrix4x4& animated) {
 }
 
 Matrix4x4 Instance::RestWorld(std::size_t node) const {
-  Matrix4x4 global = ToMatrix(scene_->restPose[node]);
+  const auto rest = [this](std::uint32_t of) { return ToMatrix(scene_->restPoses.Of(of)); };
+  Matrix4x4 global = rest(static_cast<std::uint32_t>(node));
   for (std::uint32_t up = scene_->nodes[node].parent; up != TMNode::kNoParent; up = scene_->nodes[up].parent) {
-    global = global * ToMatrix(scene_->restPose[up]);
+    global = global * rest(up);
   }
   return ToWorld(global);
 }

@@ -32,9 +32,12 @@ class Instance final : public InstanceObject {
   void Detach();  // the scene is gone: no nodes any more
 
  private:
-  void Reserve(const LightList& lights);
+  void PutAtRest();
+  void BeginMoving();
   void PoseNodes();
   void MoveNodes();
+  void PutNode(std::size_t node);
+  [[nodiscard]] Matrix4x4 GlobalOf(std::size_t node) const;
   [[nodiscard]] Matrix4x4 Place(std::size_t node, const Matrix4x4& animated);
   [[nodiscard]] Matrix4x4 RestWorld(std::size_t node) const;
 
@@ -44,8 +47,8 @@ class Instance final : public InstanceObject {
   bool disabled_ = false;
   bool moved_ = false;  // the animations have, and the nodes not yet
 
-  // By node. What was written into the instance's matrices last is kept, to tell a node that somebody else moved: it
-  // stays where it was put, and is carried along while animations run.
+  // By node; empty until the first animation. What was written into the instance's matrices last is kept, to tell a
+  // node that somebody else moved: it stays where it was put, and is carried along while animations run.
   std::vector<Pose> poses_;
   std::vector<Matrix4x4> globals_;
   std::vector<Matrix4x4> written_;

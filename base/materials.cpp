@@ -2,6 +2,7 @@
 
 #include "base/context.h"
 #include "base/record.h"
+#include "engine/mesh.h"
 #include "engine/texture.h"
 
 namespace qen {
@@ -24,6 +25,13 @@ void MaterialParams::RemoveTexture(TEXTURE_SLOT slot) {
 
 Texture* MaterialParams::GetTexture(TEXTURE_SLOT slot) const {
   return slot < TEXTURE_SLOT_COUNT ? textures_[slot] : nullptr;
+}
+
+MaterialParams& SubMesh::GetMaterialParams() {
+  const bool isFirst = !params_.IsOwn();
+  MaterialParams& own = params_.Own();
+  if (isFirst) base::NameAlike(&own, this);
+  return own;
 }
 
 }  // namespace qen

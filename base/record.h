@@ -34,6 +34,8 @@ class RecordPause {
 // Objects appear in the record under the names they were given while something was recorded; "" without one. Names are
 // kept by address until forgotten.
 void NameObject(const void* object, StringView name);
+void NameAlike(const void* object, const void* named);  // under the name of another, if that has one
+bool AreNamesKept();                                    // false: naming does nothing now
 void ForgetObject(const void* object);
 
 struct Named {

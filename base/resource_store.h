@@ -17,15 +17,15 @@ class ResourceStore {
   T* Use(const String& key) {
     const auto found = byKey_.find(key);
     if (found == byKey_.end()) return nullptr;
-    ++entries_.at(found->second).uses;
-    return found->second;
+    ++found->second->uses;
+    return found->second->resource.get();
   }
 
   // Takes a new resource with one use.
   T* Add(const String& key, std::unique_ptr<T> resource) {
     T* added = resource.get();
-    entries_.emplace(added, Entry{std::move(resource), key, 1});
-    byKey_.emplace(key, added);
+    Entry& entry = entries_.emplace(added, Entry{std::move(resource), key, 1}).first->second;
+    byKey_.emplace(key, &entry);
     return added;
   }
 
@@ -51,7 +51,7 @@ class ResourceStore {
   };
 
   std::unordered_map<const Resource*, Entry> entries_;
-  std::unordered_map<String, T*> byKey_;
+  std::unordered_map<String, Entry*> byKey_;
 };
 
 // Names of files that mean the same file give the same key.

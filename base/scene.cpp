@@ -45,10 +45,10 @@ Animation Resolve(const AnimationData& source, const SimpleScene::Data& scene) {
   Animation animation;
   animation.frames = source.seconds * base::kFramesPerSecond;
   for (const base::NodeTracks& tracks : source.nodes) {
-    const std::int32_t node = scene.Find(tracks.node);
-    if (node < 0) continue;
+    const TMNode* node = scene.names.Find(tracks.node);
+    if (node == nullptr) continue;
     Animation::Channel& channel = animation.channels.emplace_back();
-    channel.node = static_cast<std::uint32_t>(node);
+    channel.node = node->position;
     KeepIfSound(channel.translation, tracks.translation);
     KeepIfSound(channel.rotation, tracks.rotation);
     KeepIfSound(channel.scale, tracks.scale);
@@ -114,8 +114,8 @@ const std::vector<TMNode*>& SimpleScene::GetNodes() const { return data_->order;
 std::uint32_t SimpleScene::GetNumNodesInRefFile() const { return static_cast<std::uint32_t>(data_->order.size()); }
 
 TMNode* SimpleScene::FindMapNode(const String& name) const {
-  const std::int32_t node = data_->Find(name);
-  return node < 0 ? nullptr : data_->order[static_cast<std::size_t>(node)];
+  const TMNode* node = data_->names.Find(name);
+  return node == nullptr ? nullptr : data_->order[node->position];
 }
 
 }  // namespace qen

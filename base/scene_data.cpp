@@ -1,102 +1,84 @@
 #include "base/scene_data.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
+#include <cstring>
+#include <utility>
 
-#include "base/backends/render_backend.h"
 #include "base/context.h"
 #include "base/instance.h"
 #include "base/record.h"
-#include "base/scene_boxes.h"
-#include "base/utf.h"
 #include "engine/string_converter.h"
 
 namespace qen {
 namespace {
 
-using base::MaterialData;
 using base::NodeData;
 using base::SceneData;
-using base::SubMeshData;
-using base::Vertex;
 
-// The entry at a position that a file gave, which may be anything.
-template <class T>
-const T* At(const std::vector<T>& entries, std::int32_t position) {
-  const bool inside = position >= 0 && static_cast<std::size_t>(position) < entries.size();
-  return inside ? &entries[static_cast<std::size_t>(position)] : nullptr;
-}
+bool IsSame(const Matrix4x4& a, const Matrix4x4& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
-std::vector<Vertex> ToLocal(std::vector<Vertex> vertices) {
-  for (Vertex& vertex : vertices) {
-    vertex.position = base::ToLocal(vertex.position);
-    vertex.normal = base::ToLocal(vertex.normal);
-  }
-  return vertices;
-}
-
-bool AreIndicesSound(const SubMeshData& subMesh) {
-  return std::ranges::all_of(subMesh.indices, [&](std::uint32_t i) { return i < subMesh.vertices.size(); });
-}
-
-// Makes nodes and renderer objects out of a scene file, in the order that these depend on each other.
+// Makes the nodes out of a scene file.
 class Filler {
  public:
-  Filler(SimpleScene::Data& data, const String& file, const SceneData& source, base::Context& context)
-      : data_(data), file_(file), source_(source), context_(context) {}
+  Filler(SimpleScene::Data& data, const SceneData& source) : data_(data), source_(source) {}
 
   void Run() {
-    MakeTextures();
-    MakeGeometries();
-    MakeNodes();
+    Reserve();
+    for (std::size_t i = 0; i < source_.nodes.size(); ++i) MakeNode(static_cast<std::uint32_t>(i));
+    data_.restPoses.Shrink();
   }
 
  private:
-  void MakeTextures() {
-    for (const base::Image& image : source_.images) {
-      const String name = file_ + u'#' + StringConverter::ToString(static_cast<std::int32_t>(data_.textures.size()));
-      data_.textures.push_back(std::make_unique<base::TextureObject>(name, kDefaultGroup, image, context_));
+  // What nodes point to does not move.
+  void Reserve() {
+    const std::size_t nodes = source_.nodes.size();
+    std::size_t characters = 0;
+    std::size_t meshes = 0;
+    std::size_t subMeshes = 0;
+    for (const NodeData& node : source_.nodes) {
+      characters += node.name.size();
+      const base::SceneLooks::Shape* shape = data_.looks.At(node.mesh);
+      if (shape == nullptr) continue;
+      ++meshes;
+      subMeshes += shape->parts.size();
     }
+    data_.nodes = std::vector<TMNode>(nodes);
+    data_.order.reserve(nodes);
+    data_.names.Reserve(nodes, characters);
+    data_.meshes.reserve(meshes);
+    data_.subMeshes.reserve(subMeshes);
+    globals_.resize(nodes);
   }
 
-  void MakeGeometries() {
-    for (const auto& mesh : source_.meshes) {
-      auto& names = geometries_.emplace_back();
-      for (const SubMeshData& subMesh : mesh) names.push_back(MakeGeometry(subMesh));
+  void MakeNode(std::uint32_t i) {
+    const NodeData& source = source_.nodes[i];
+    TMNode& node = data_.nodes[i];
+    node.position = i;
+    node.name = data_.names.Keep(source.name);
+    data_.names.Add(node);
+    globals_[i] = base::ToMatrix(source.pose);
+    if (source.parent >= 0 && static_cast<std::uint32_t>(source.parent) < i) {
+      node.parent = static_cast<std::uint32_t>(source.parent);
+      globals_[i] = globals_[i] * globals_[node.parent];
     }
+    data_.restPoses.Add(i, source.pose);
+    PutInPlace(node, base::ToWorld(globals_[i]));
+    node.mesh = MakeMesh(source);
+    node.cameraParameters = MakeCamera(source);
+    data_.order.push_back(&node);
   }
 
-  std::uint32_t MakeGeometry(const SubMeshData& subMesh) {
-    base::IRenderBackend* render = context_.backends.render;
-    if (render == nullptr || !AreIndicesSound(subMesh)) return 0;
-    const std::uint32_t name = render->CreateGeometry(ToLocal(subMesh.vertices), subMesh.indices);
-    if (name != 0) data_.geometries.push_back(name);
-    return name;
-  }
-
-  void MakeNodes() {
-    data_.nodes = std::vector<TMNode>(source_.nodes.size());
-    data_.meshes.reserve(source_.nodes.size());
-    std::vector<Matrix4x4> globals(source_.nodes.size());
-    for (std::size_t i = 0; i < source_.nodes.size(); ++i) {
-      const NodeData& source = source_.nodes[i];
-      TMNode& node = data_.nodes[i];
-      node.name = source.name;
-      node.position = static_cast<std::uint32_t>(i);
-      globals[i] = base::ToMatrix(source.pose);
-      if (source.parent >= 0 && static_cast<std::size_t>(source.parent) < i) {
-        node.parent = static_cast<std::uint32_t>(source.parent);
-        globals[i] = globals[i] * globals[node.parent];
-      }
-      node.transform = base::ToWorld(globals[i]);
-      node.inverseTransform = node.transform.Inverse();
-      node.mesh = MakeMesh(source);
-      node.cameraParameters = MakeCamera(source);
-      data_.order.push_back(&node);
-      data_.restPose.push_back(source.pose);
-      data_.byName.emplace(node.name, static_cast<std::uint32_t>(i));
+  // States of a widget mostly stand where it does, or where the state before them does.
+  void PutInPlace(TMNode& node, const Matrix4x4& world) {
+    for (const std::uint32_t near : {node.parent, node.position - 1}) {
+      if (near >= node.position || !IsSame(*data_.nodes[near].transform, world)) continue;
+      node.transform = Shared(*data_.nodes[near].transform);
+      node.inverseTransform = Shared(*data_.nodes[near].inverseTransform);
+      return;
     }
+    const SimpleScene::Data::Place& place = data_.places.emplace_back(SimpleScene::Data::Place{world, world.Inverse()});
+    node.transform = Shared(place.transform);
+    node.inverseTransform = Shared(place.inverse);
   }
 
   const float* MakeCamera(const NodeData& source) {
@@ -107,76 +89,59 @@ class Filler {
   }
 
   Mesh* MakeMesh(const NodeData& source) {
-    const std::vector<SubMeshData>* subMeshes = At(source_.meshes, source.mesh);
-    if (subMeshes == nullptr) return nullptr;
+    const base::SceneLooks::Shape* shape = data_.looks.At(source.mesh);
+    if (shape == nullptr) return nullptr;
+    const std::size_t first = data_.subMeshes.size();
+    for (const base::SceneLooks::Part& part : shape->parts) data_.subMeshes.emplace_back(part.geometry, *part.material);
     Mesh& mesh = data_.meshes.emplace_back();
-    mesh.box = base::BoxOf(*subMeshes);
-    mesh.subMeshes.resize(subMeshes->size());
-    for (std::size_t i = 0; i < subMeshes->size(); ++i) {
-      SubMesh& subMesh = mesh.subMeshes[i];
-      subMesh.geometry = geometries_[static_cast<std::size_t>(source.mesh)][i];
-      ApplyMaterial((*subMeshes)[i].material, subMesh.GetMaterialParams());
-      const String name = source.name + u'/' + StringConverter::ToString(static_cast<std::int32_t>(i));
-      base::NameObject(&subMesh, name);
-      base::NameObject(&subMesh.GetMaterialParams(), name);
-    }
+    mesh.box = &shape->box;
+    mesh.subMeshes = std::span(data_.subMeshes).subspan(first);
+    if (base::AreNamesKept()) NameParts(mesh, source.name);
     return &mesh;
   }
 
-  void ApplyMaterial(std::int32_t position, MaterialParams& params) {
-    const MaterialData* material = At(source_.materials, position);
-    if (material == nullptr) return;
-    params = material->params;
-    params.AddTexture(TEXTURE_SLOT_0, TextureAt(material->emissiveImage));
-    params.AddTexture(TEXTURE_SLOT_1, TextureAt(material->baseImage));
-  }
-
-  [[nodiscard]] Texture* TextureAt(std::int32_t image) const {
-    const auto* texture = At(data_.textures, image);
-    return texture == nullptr ? nullptr : texture->get();
+  static void NameParts(Mesh& mesh, const String& node) {
+    for (std::uint32_t i = 0; i < mesh.GetNumSubMeshes(); ++i) {
+      base::NameObject(mesh.GetSubMesh(i), node + u'/' + StringConverter::ToString(static_cast<std::int32_t>(i)));
+    }
   }
 
   SimpleScene::Data& data_;
-  const String& file_;
   const SceneData& source_;
-  base::Context& context_;
-  std::vector<std::vector<std::uint32_t>> geometries_;  // by mesh and sub-mesh
+  std::vector<Matrix4x4> globals_;
 };
 
 }  // namespace
 
-void SimpleScene::Data::Fill(const String& file, const base::SceneData& source, base::Context& context) {
+void SimpleScene::Data::Fill(const String& file, const SceneData& source, base::Context& context) {
   engine = &context;
-  Filler(*this, file, source, context).Run();
+  looks.Make(file, source, context);
+  Filler(*this, source).Run();
 }
 
 void SimpleScene::Data::Clear() {
   for (base::Instance* instance : instances) instance->Detach();
   instances.clear();
-  if (engine != nullptr && base::CurrentContext() == engine) {
-    engine->render.Forget(meshes);
-    for (const std::uint32_t geometry : geometries) engine->backends.render->DestroyGeometry(geometry);
+  const bool isEngineThere = engine != nullptr && base::CurrentContext() == engine;
+  if (isEngineThere) engine->render.Forget(meshes);
+  for (const SubMesh& subMesh : subMeshes) {
+    base::ForgetObject(&subMesh);
+    base::ForgetObject(&subMesh.GetMaterialParams());
   }
-  for (Mesh& mesh : meshes) {
-    for (SubMesh& subMesh : mesh.subMeshes) {
-      base::ForgetObject(&subMesh);
-      base::ForgetObject(&subMesh.GetMaterialParams());
-    }
-  }
-  geometries.clear();
-  textures.clear();
   animations.clear();
-  byName.clear();
   order.clear();
+  names.Clear();
   nodes.clear();
+  places.clear();
   meshes.clear();
+  subMeshes.clear();
+  looks.Clear(isEngineThere ? engine->backends.render : nullptr);
   cameras.clear();
-  restPose.clear();
+  restPoses.Clear();
 }
 
-std::int32_t SimpleScene::Data::Find(StringView name) const {
-  const auto found = byName.find(name);
-  return found == byName.end() ? -1 : static_cast<std::int32_t>(found->second);
+bool SimpleScene::Data::IsAtRest() const {
+  return std::ranges::none_of(nodes, [](const TMNode& node) { return node.transform.IsOwn(); });
 }
 
 }  // namespace qen

@@ -18,12 +18,13 @@ void SimpleSceneInstance::Render(Viewport* viewport, std::uint32_t pass, const L
 
   const std::vector<TMNode*>& nodes = scene->GetNodes();
   std::size_t drawn = 0;
-  for (std::size_t i = 0; i < nodes.size() && i < nodeMatrices.size() && drawn < drawMatrices.size(); ++i) {
+  for (std::size_t i = 0; i < nodes.size() && i < nodeMatrices.size(); ++i) {
     Mesh* mesh = nodes[i]->mesh;
     if (mesh == nullptr) continue;
+    if (drawn == drawMatrices.size()) drawMatrices.emplace_back();
     Matrix4x4& world = drawMatrices[drawn++];
     world = nodeMatrices[i] * transform;
-    const float distance = camera == nullptr ? 0.0F : camera->plane.DistanceTo(world * mesh->box.center);
+    const float distance = camera == nullptr ? 0.0F : camera->plane.DistanceTo(world * mesh->GetAABB().center);
     for (SubMesh& subMesh : mesh->subMeshes) context->render.Add({&subMesh, &world, 1, distance, &kept});
   }
 }

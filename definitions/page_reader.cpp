@@ -67,7 +67,7 @@ void ReadKeys(CGUIParser& parser, std::span<const HeaderKey> keys, Header& heade
   }
 }
 
-using WidgetsByName = std::unordered_map<String, ICGUIObject*>;
+using WidgetsByName = std::unordered_map<StringView, ICGUIObject*>;  // by the names of their records
 
 // The first widget of each name.
 WidgetsByName IndexByName(const std::vector<ICGUIObject*>& widgets) {

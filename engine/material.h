@@ -45,6 +45,8 @@ class QEN_API MaterialParams {
   void RemoveTexture(TEXTURE_SLOT slot);
   [[nodiscard]] Texture* GetTexture(TEXTURE_SLOT slot) const;  // null when empty
 
+  friend bool operator==(const MaterialParams&, const MaterialParams&) = default;
+
   // Linear values, 0 to 1; emissive may be brighter.
   std::array<float, 4> baseColor{1.0F, 1.0F, 1.0F, 1.0F};
   std::array<float, 3> emissive{};

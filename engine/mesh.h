@@ -2,33 +2,39 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <span>
 
 #include "engine/aabb.h"
 #include "engine/material.h"
+#include "engine/shared.h"
 
 namespace qen {
 
 // The part of a mesh that has one material.
 class SubMesh {
  public:
-  MaterialParams& GetMaterialParams() { return params_; }
-  [[nodiscard]] const MaterialParams& GetMaterialParams() const { return params_; }
+  SubMesh() = default;
+  // `material` outlives it; sub-meshes that look the same may have it in common.
+  explicit SubMesh(std::uint32_t shape, const MaterialParams& material) : geometry(shape), params_(material) {}
+
+  // For changing how it looks, and it alone: from then on it has a material of its own. Looking is for the other one.
+  QEN_API MaterialParams& GetMaterialParams();
+  [[nodiscard]] const MaterialParams& GetMaterialParams() const { return *params_; }
 
   std::uint32_t geometry = 0;  // the renderer's name for vertices and indices; 0 none
 
  private:
-  MaterialParams params_;
+  Shared<MaterialParams> params_;
 };
 
 class Mesh {
  public:
-  [[nodiscard]] const AABB& GetAABB() const { return box; }  // in the node's local space
+  [[nodiscard]] const AABB& GetAABB() const { return *box; }  // in the node's local space
   [[nodiscard]] std::uint32_t GetNumSubMeshes() const { return static_cast<std::uint32_t>(subMeshes.size()); }
   SubMesh* GetSubMesh(std::uint32_t i) { return i < subMeshes.size() ? &subMeshes[i] : nullptr; }
 
-  AABB box;
-  std::vector<SubMesh> subMeshes;  // fixed once the scene is loaded
+  const AABB* box = nullptr;  // owned by the scene, like the next; meshes of one shape have it in common
+  std::span<SubMesh> subMeshes;
 };
 
 }  // namespace qen

@@ -1,6 +1,7 @@
 // Cuts wide text into tokens.
 #pragma once
 
+#include <array>
 #include <istream>
 
 #include "engine/types.h"
@@ -20,8 +21,16 @@ class QEN_API Parser {
   String nextlow(bool fold);
 
  private:
+  [[nodiscard]] bool IsSeparator(Char c) const {
+    return c < isSeparator_.size() ? isSeparator_[c] : separators_.find(c) != String::npos;
+  }
+  template <class IsStop>
+  void ReadUntil(IsStop isStop);  // into the token; what stops is consumed
+
   std::basic_istream<Char>& input_;
   String separators_;
+  std::array<bool, 128> isSeparator_{};  // those of ASCII
+  String token_;                         // being read; kept for its storage
 };
 
 }  // namespace qen

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 #include "engine/matrix.h"
@@ -34,9 +35,11 @@ class QEN_API SimpleSceneInstance {
   // animation does).
   std::vector<Matrix4x4> nodeMatrices;
 
-  // Storage for drawing: an entry a sub-mesh and a matrix a node with a mesh, in drawing order. Fixed size.
-  std::vector<RenderEntry> entries;
-  std::vector<Matrix4x4> drawMatrices;
+  // Storage for drawing: an entry a sub-mesh and a matrix a node with a mesh, in drawing order. Whoever draws adds at
+  // the end what is not there yet, and nothing is taken away: entries that were submitted stay where they are.
+  std::deque<RenderEntry> entries;
+  std::deque<Matrix4x4> drawMatrices;
+  const LightList* sceneLights = nullptr;  // of the scene that it stands in, for its entries
 
   [[nodiscard]] const Matrix4x4& GetTM() const { return transform; }
 

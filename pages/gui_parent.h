@@ -2,20 +2,20 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <span>
 
 namespace qen {
 
 class CGuiParent {
  public:
-  CGuiParent() = default;
+  explicit CGuiParent(std::span<const std::uint32_t> positions) : children(positions) {}
   CGuiParent(const CGuiParent&) = default;
   CGuiParent(CGuiParent&&) = default;
   CGuiParent& operator=(const CGuiParent&) = default;
   CGuiParent& operator=(CGuiParent&&) = default;
   virtual ~CGuiParent() = default;
 
-  std::vector<std::uint32_t> children;  // node positions, growing
+  std::span<const std::uint32_t> children;  // node positions, growing; the index's
 };
 
 }  // namespace qen

@@ -21,8 +21,11 @@ class NodeIndex final : public IChildNodes {
   [[nodiscard]] std::int32_t NodePosition(const TMNode* node) const override;
 
  private:
-  std::vector<CGuiParent> parents_;  // one a node, in node order
-  std::vector<TMNode*> nodes_;       // likewise
+  [[nodiscard]] CGuiParent ParentAt(std::size_t position) const;
+
+  const std::vector<TMNode*>* nodes_ = nullptr;  // the scene's
+  std::vector<std::uint32_t> starts_;            // by node: where its children begin; one more at the end
+  std::vector<std::uint32_t> children_;          // node positions: those of the first node, of the second, and so on
 };
 
 }  // namespace qen

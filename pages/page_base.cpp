@@ -17,8 +17,6 @@
 namespace qen {
 namespace {
 
-constexpr std::size_t kFirstWidgets = 16;  // room for so many from the start
-
 StringView Text(const Char* text) { return text != nullptr ? StringView(text) : StringView(); }
 
 // Asks for the present name, which the host may have changed.
@@ -95,26 +93,29 @@ void PageBase::CreateSceneInstance() {
 void PageBase::CreateWidgets() {
   const std::vector<TMNode*>& nodes = scene->GetNodes();
   const std::size_t count = std::min<std::size_t>(scene->GetNumNodesInRefFile(), nodes.size());
+  const auto isWidget = [](const TMNode* node) { return node->name.starts_with(formats::kWidgetMark); };
+  const auto end = nodes.begin() + static_cast<std::ptrdiff_t>(count);
+  const auto widgets = static_cast<std::size_t>(std::count_if(nodes.begin(), end, isWidget));
+  items.reserve(widgets);
+  ownedWidgets_.reserve(widgets);
   for (std::size_t i = 0; i < count; ++i) {
-    const String& nodeName = nodes[i]->name;
-    if (!nodeName.empty() && nodeName.front() == formats::kWidgetMark) CreateWidget(nodeName);
+    if (isWidget(nodes[i])) CreateWidget(nodes[i]->name);
   }
 }
 
-void PageBase::CreateWidget(const String& nodeName) {
+void PageBase::CreateWidget(StringView nodeName) {
   const Char letter = nodeName.size() > 1 ? nodeName[1] : u'\0';
   std::unique_ptr<ICGUIObject> widget = MakeWidget(letter);
   if (!widget) return;
-  auto info = std::make_unique<ItemInfo>();
-  info->name = ttolowercase(nodeName);
-  info->type = letter;
-  info->visible = 1;
-  if (items.capacity() < kFirstWidgets) items.reserve(kFirstWidgets);
-  TMNode* node = scene->FindMapNode(nodeName);
-  widget->Create(this, info.get(), &node);
+  ItemInfo& info = records_.emplace_back();
+  info.name = ttolowercase(nodeName);
+  info.type = letter;
+  info.visible = 1;
+  TMNode* node = scene->FindMapNode(String(nodeName));
+  widget->Create(this, &info, &node);
   items.push_back(widget.get());
   WidgetCreated(*widget);
-  ownedWidgets_.push_back({std::move(info), std::move(widget)});
+  ownedWidgets_.push_back(std::move(widget));
 }
 
 void PageBase::AppendWidgets(StringView wanted, std::vector<ICGUIObject*>& found) const {
@@ -171,9 +172,10 @@ void PageBase::LoseScene() {
 }
 
 void PageBase::ReleaseWidgets() {
-  for (OwnedWidget& owned : ownedWidgets_) owned.widget->Release();
+  for (const std::unique_ptr<ICGUIObject>& widget : ownedWidgets_) widget->Release();
   items.clear();
   ownedWidgets_.clear();
+  records_.clear();
 }
 
 void PageBase::ReleaseAnimations() {

@@ -1,6 +1,7 @@
 // What both kinds of pages share: the scene, its instance, the widgets and the animations.
 #pragma once
 
+#include <deque>
 #include <memory>
 
 #include "commands/live_objects.h"
@@ -68,15 +69,10 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   void DeleteScene();
 
  private:
-  struct OwnedWidget {
-    std::unique_ptr<ItemInfo> info;  // outlives the widget
-    std::unique_ptr<ICGUIObject> widget;
-  };
-
   void LoseScene() override;
   void CreateSceneInstance();
   void CreateWidgets();
-  void CreateWidget(const String& nodeName);
+  void CreateWidget(StringView nodeName);
 
   LiveMark alive_{static_cast<ICGUIPageObject*>(this)};
   const char* owner_;
@@ -85,7 +81,8 @@ class PageBase : public ICGUIPageObject, public IPageBuilder, private ISceneUser
   std::unique_ptr<SimpleScene> ownedScene_;
   NodeIndex nodeIndex_;
   std::vector<std::unique_ptr<CGUIAnim>> ownedAnims_;
-  std::vector<OwnedWidget> ownedWidgets_;
+  std::deque<ItemInfo> records_;  // of the widgets; outlive them
+  std::vector<std::unique_ptr<ICGUIObject>> ownedWidgets_;
   std::uint32_t nextObjectId_ = 0;
 };
 

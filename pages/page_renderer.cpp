@@ -66,11 +66,12 @@ bool PageRenderer::DrawWidget(const NodeDrawInfo& info, const Matrix4x4& world, 
 
 void PageRenderer::SubmitMesh(Mesh& mesh, const Matrix4x4& world) {
   SimpleSceneInstance& instance = *page_.instance;
-  if (meshes_ >= instance.drawMatrices.size()) return;
+  if (meshes_ == instance.drawMatrices.size()) instance.drawMatrices.emplace_back();
   Matrix4x4& slot = instance.drawMatrices[meshes_++];
   slot = world;
   const float distance = viewport_.GetCamera()->plane.DistanceTo(slot * mesh.GetAABB().center);
-  for (std::uint32_t i = 0; i < mesh.GetNumSubMeshes() && entries_ < instance.entries.size(); ++i) {
+  for (std::uint32_t i = 0; i < mesh.GetNumSubMeshes(); ++i) {
+    if (entries_ == instance.entries.size()) instance.entries.emplace_back().lights = instance.sceneLights;
     RenderEntry& entry = instance.entries[entries_++];
     entry.subMesh = mesh.GetSubMesh(i);
     entry.world = &slot;

@@ -21,12 +21,11 @@ void CGUIPicture::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* co
   if (node == nullptr) return;
   hook_.Attach(*node, *info, this);
   normalIndex = nodes_.NodePosition(node);
-  if (const MaterialParams* params = Params()) initialTexture_ = params->GetTexture(TEXTURE_SLOT_1);
+  if (const SubMesh* part = FirstPart()) initialTexture_ = part->GetMaterialParams().GetTexture(TEXTURE_SLOT_1);
 }
 
-MaterialParams* CGUIPicture::Params() const {
-  SubMesh* first = normalNode != nullptr && normalNode->mesh != nullptr ? normalNode->mesh->GetSubMesh(0) : nullptr;
-  return first != nullptr ? &first->GetMaterialParams() : nullptr;
+SubMesh* CGUIPicture::FirstPart() const {
+  return normalNode != nullptr && normalNode->mesh != nullptr ? normalNode->mesh->GetSubMesh(0) : nullptr;
 }
 
 PickResult* CGUIPicture::Update(const Ray& ray) {
@@ -52,10 +51,11 @@ void CGUIPicture::SetMatrix(const Matrix4x4& matrix) {
 }
 
 void CGUIPicture::SetTexture(Texture* texture) {
-  MaterialParams* params = Params();
-  if (params == nullptr) return;
-  params->RemoveTexture(TEXTURE_SLOT_1);
-  params->AddTexture(TEXTURE_SLOT_1, texture != nullptr ? texture : initialTexture_);
+  SubMesh* part = FirstPart();
+  if (part == nullptr) return;
+  MaterialParams& params = part->GetMaterialParams();
+  params.RemoveTexture(TEXTURE_SLOT_1);
+  params.AddTexture(TEXTURE_SLOT_1, texture != nullptr ? texture : initialTexture_);
 }
 
 }  // namespace qen

@@ -8,7 +8,7 @@
 namespace qen {
 
 class IChildNodes;
-class MaterialParams;
+class SubMesh;
 
 class CGUIPicture : public ICGUIPicture {
  public:
@@ -22,7 +22,7 @@ class CGUIPicture : public ICGUIPicture {
   void SetTexture(Texture* texture) override;
 
  private:
-  [[nodiscard]] MaterialParams* Params() const;  // of the first sub-mesh; null without a mesh
+  [[nodiscard]] SubMesh* FirstPart() const;  // of its mesh; null without a mesh
 
   LiveMark alive_{static_cast<ICGUIObject*>(this)};
   const IChildNodes& nodes_;

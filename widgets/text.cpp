@@ -78,12 +78,12 @@ void CGUIText::Create(ICGUIPageObject* ownPage, ItemInfo* ownInfo, TMNode* const
 }
 
 void CGUIText::BindLayoutBox() {
-  textMatrix_.SetIdentity();
+  textMatrix_ = {};
   if (node == nullptr) return;
   if (nodes_.FindChildNode(node, u"normal", normalNode, normalIndex)) {
     format_ = DT_WORDBREAK | DT_EXPANDTABS;
     const AABB box = normalNode->mesh != nullptr ? normalNode->mesh->GetAABB() : AABB{};
-    textMatrix_.SetTranslation({box.center.x - box.halfSize.x, box.center.z + box.halfSize.z, 0.0F});
+    textMatrix_ = {box.center.x - box.halfSize.x, box.center.z + box.halfSize.z};
   } else {
     format_ = DT_NOCLIP;
     normalNode = node;
@@ -125,19 +125,25 @@ PickResult* CGUIText::Update(const Ray& ray) {
   return nullptr;
 }
 
+CGUIText::EditedText& CGUIText::Edited() {
+  if (edited_ == nullptr) edited_ = std::make_unique<EditedText>();
+  return *edited_;
+}
+
 void CGUIText::TakeKey() {
-  if (info->key != 0) DropHalf(editText_, info->key);
+  String& typed = Edited().text;
+  if (info->key != 0) DropHalf(typed, info->key);
   switch (info->key) {
     case 0:
       break;
     case key_code::kBackspace:
-      RemoveLastCharacter(editText_);
+      RemoveLastCharacter(typed);
       break;
     case key_code::kEnter:
       state = widget_state::kHidden;
       break;
     default:
-      if (Takes(editText_, info->key, maxChars_)) editText_ += info->key;
+      if (Takes(typed, info->key, maxChars_)) typed += info->key;
   }
 }
 
@@ -167,9 +173,10 @@ void CGUIText::Render(const Matrix4x4& world, const AABB& box) {
 
 const String& CGUIText::ShownText() {
   if (editable_ == 0 && state != widget_state::kEditing) return textId_ == -1 ? ownText_ : Words(textId_);
-  shownText_ = editable_ != 0 ? editText_ : textId_ == -1 ? ownText_ : Words(textId_);
-  if (state == widget_state::kEditing && IsCaretShown()) shownText_ += u'|';
-  return shownText_;
+  String& shown = Edited().shown;
+  shown = editable_ != 0 ? Edited().text : textId_ == -1 ? ownText_ : Words(textId_);
+  if (state == widget_state::kEditing && IsCaretShown()) shown += u'|';
+  return shown;
 }
 
 void CGUIText::DrawWords(Drawing& drawing, const Matrix4x4& matrix, const Rect& area, std::uint32_t format,

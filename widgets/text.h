@@ -40,7 +40,7 @@ class CGUIText : public ICGUIText {
   void SetText(const char* words) override;  // one character a byte
   std::uint32_t& GetCentered() override { return centered_; }
   std::uint32_t& GetEditable() override { return editable_; }
-  String& GetEditText() override { return editText_; }
+  String& GetEditText() override { return Edited().text; }
   std::int32_t& GetMaxChars() override { return maxChars_; }
   float& GetShadowOffset() override { return shadowOffset_; }
   void SetAlpha(std::uint32_t alpha) override { alpha_ = alpha << 24U; }
@@ -53,6 +53,24 @@ class CGUIText : public ICGUIText {
   [[nodiscard]] Matrix4x4 ShadowMatrix(const Matrix4x4& words) const;
 
  private:
+  struct EditedText {
+    String text;
+    String shown;  // the same with its caret
+  };
+
+  // Where the words begin, in the plane of the node: a matrix that moves there.
+  struct Origin {
+    float x = 0.0F;
+    float y = 0.0F;
+
+    operator Matrix4x4() const {  // NOLINT(google-explicit-constructor): it stands for the matrix
+      Matrix4x4 matrix = Matrix4x4::Identity;
+      matrix.SetTranslation({x, y, 0.0F});
+      return matrix;
+    }
+  };
+
+  EditedText& Edited();
   void BindLayoutBox();
   void DestroyFont();
   void StoreText(const String& words);
@@ -68,19 +86,18 @@ class CGUIText : public ICGUIText {
   NodeHook hook_;
   Colors colors_{};
   LOGFONTW fontDesc_;
+  std::uint32_t alpha_ = 0xFF000000U;
   Font* font_ = nullptr;  // a use of the font manager's
   std::int32_t textId_ = -1;
   std::uint32_t format_ = 0;
   std::uint32_t centered_ = 0;
   std::uint32_t editable_ = 0;
-  String editText_;
   String ownText_;
-  String shownText_;  // the edit text with its caret
+  std::unique_ptr<EditedText> edited_;  // made when it is asked for: most texts are not edited
   std::int32_t maxChars_ = 16;
   float shadowOffset_ = 0.0F;
-  std::uint32_t alpha_ = 0xFF000000U;
   std::unique_ptr<CGUISlideBar> slideBar_;
-  Matrix4x4 textMatrix_ = Matrix4x4::Identity;
+  Origin textMatrix_;
 };
 
 }  // namespace qen

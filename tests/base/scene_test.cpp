@@ -5,6 +5,7 @@
 #include <cmath>
 #include <functional>
 #include <sstream>
+#include <utility>
 
 #include "base/recording/recording_engine.h"
 #include "base/recording/scene_builder.h"
@@ -77,7 +78,7 @@ TEST_F(SceneTest, TurnsTheFilesSpaceIntoTheWorlds) {
   EXPECT_EQ(Text(face.transform * Vec3{0, 1, 0}), "14.48 23.36 -34.2");
   EXPECT_EQ(Text(face.transform * Vec3{0, 0, 1}), "12.24 21.68 -34.6");
   EXPECT_EQ(Text(face.inverseTransform * (face.transform * Vec3{1, 2, 3})), "1 2 3");
-  EXPECT_EQ(Text(face.mesh->box.center) + ", " + Text(face.mesh->box.halfSize), "2 0 0, 6 1 3");
+  EXPECT_EQ(Text(face.mesh->GetAABB().center) + ", " + Text(face.mesh->GetAABB().halfSize), "2 0 0, 6 1 3");
 }
 
 TEST_F(SceneTest, WhatIsNotSoundInAFileIsLeftOut) {
@@ -92,7 +93,7 @@ TEST_F(SceneTest, WhatIsNotSoundInAFileIsLeftOut) {
   const std::vector<TMNode*>& nodes = scene->GetNodes();
   EXPECT_EQ(scene->FindMapNode(u"twin"), nodes[0]) << "the first of that name";
   EXPECT_TRUE(nodes[0]->parent == TMNode::kNoParent && nodes[0]->cameraParameters == nullptr);
-  EXPECT_EQ(Text(nodes[0]->mesh->box.halfSize), "1 1 1") << "without the vertex that is nowhere";
+  EXPECT_EQ(Text(nodes[0]->mesh->GetAABB().halfSize), "1 1 1") << "without the vertex that is nowhere";
   EXPECT_TRUE(nodes[1]->parent == 0 && nodes[1]->mesh->GetSubMesh(0)->geometry == 0) << "its indices lead outside";
   EXPECT_EQ(nodes[2]->mesh, nullptr);
 
@@ -101,6 +102,34 @@ TEST_F(SceneTest, WhatIsNotSoundInAFileIsLeftOut) {
   EXPECT_EQ(engine->errors,
             (std::vector<String>{u"Can't load animation none", u"Can't load scene broken: unknown format"}));
   EXPECT_TRUE(nodes.empty());
+}
+
+TEST_F(SceneTest, KeepsOnceWhatManyNodesHaveInCommon) {
+  AddBox(data, u"a", AddNode(data, u"root", -1, {1, 2, 3}), {}, {1, 1, 1});
+  AddPicture(data);
+  AddNode(data, u"b", 0);
+  data.nodes.back().mesh = 0;
+  AddBox(data, u"c", 0, {0, 0, 1}, {1, 1, 1});  // of its own in the file, and the same
+  data.meshes.back().front().material = 1;
+  data.materials.push_back(data.materials.front());
+  AddBox(data, u"d", 0, {0, 0, 1}, {1, 1, 1});
+  Load();
+  const auto part = [this](std::size_t node) -> SubMesh& { return *scene->GetNodes()[node]->mesh->GetSubMesh(0); };
+  const auto look = [&](std::size_t node) { return &std::as_const(part(node)).GetMaterialParams(); };
+  EXPECT_EQ(engine->render.geometries.size(), 1U);
+  EXPECT_EQ((std::vector{look(1), look(1), look(1)}), (std::vector{look(2), look(3), look(1)}));
+  EXPECT_NE(look(4), look(1)) << "it has no picture";
+
+  part(2).GetMaterialParams().RemoveTexture(TEXTURE_SLOT_1);
+  EXPECT_EQ(std::get<std::string>(engine->calls.back().arguments.at(0)), "b/0") << "its name in traces";
+  EXPECT_EQ(look(2)->GetTexture(TEXTURE_SLOT_1), nullptr);
+  EXPECT_NE(look(1)->GetTexture(TEXTURE_SLOT_1), nullptr) << "the others keep theirs";
+
+  const std::vector<TMNode*>& nodes = scene->GetNodes();
+  nodes[1]->transform = *nodes[3]->transform;
+  EXPECT_EQ(Text(nodes[1]->transform * Vec3{}) + ", " + Text(nodes[2]->transform * Vec3{}), "1 2 -4, 1 2 -3");
+  EXPECT_EQ(Place()->nodeMatrices.at(1).GetTranslation(), (Vec3{1, 2, -3})) << "back at rest";
+  EXPECT_EQ(Text(nodes[1]->transform * Vec3{}), "1 2 -3");
 }
 
 TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {
@@ -214,9 +243,7 @@ TEST_F(SceneTest, AnythingMayGoFirst) {
   SubMesh* subMesh = scene->GetNodes()[0]->mesh->GetSubMesh(0);
   SimpleSceneInstance* placed = Place();
   const auto draw = [&] {
-    RenderEntry entry = placed->entries.at(0);
-    entry.subMesh = subMesh;
-    System::render->Submit(entry);
+    System::render->Submit({.subMesh = subMesh, .world = &placed->nodeMatrices.at(0), .count = 1});
     EXPECT_EQ(std::get<std::string>(engine->calls.back().arguments.at(0)), "a/0") << "its name in traces";
     System::render->Submit({});
     placed->Render(&engine->viewport, 2, {});

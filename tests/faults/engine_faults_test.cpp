@@ -71,7 +71,7 @@ Lines Describe(FailingEngine& engine) {
   for (std::uint32_t i = 0; i < gui.GetPageCount(); ++i) {
     ICGUIPageObject& page = *gui.GetPage(i);
     for (const TMNode* node : page.scene != nullptr ? page.scene->GetNodes() : std::vector<TMNode*>()) {
-      EXPECT_TRUE(!engine.HasStruck() || page.FindNode(node->name.c_str()) != nullptr) << Narrow(node->name);
+      EXPECT_TRUE(!engine.HasStruck() || page.FindNode(node->name.data()) != nullptr) << Narrow(node->name);
     }
     const bool settled = sample.Show(i);
     sample.Draw();

@@ -17,7 +17,7 @@ class Animation : public GuiTest {
     in = page->anims[0];
   }
 
-  Vec3 Place() { return page->FindNode(u"~bok")->transform.GetTranslation(); }
+  Vec3 Place() { return page->FindNode(u"~bok")->transform->GetTranslation(); }
 
   ICGUIPageObject* page = nullptr;
   ICGUIAnim* in = nullptr;

@@ -214,8 +214,8 @@ TEST_F(BagPage, AQuadDrawsItsPictureInTheNodesPlane) {
   Matrix4x4 moved = Matrix4x4::Identity;
   moved.SetTranslation({1, 2, 5});
   quad.SetMatrix(moved);
-  EXPECT_EQ((std::array{quad.node->transform.m[3][0], gui->GetNodeMatrix(0, u"~qslot0")->m[3][1],
-                        quad.node->transform.m[3][2], quad.node->inverseTransform.m[3][0]}),
+  EXPECT_EQ((std::array{quad.node->transform->m[3][0], gui->GetNodeMatrix(0, u"~qslot0")->m[3][1],
+                        quad.node->transform->m[3][2], quad.node->inverseTransform->m[3][0]}),
             (std::array{1.0F, 2.0F, 5.0F, -1.0F}));
   engine.calls.clear();
   DrawPages();
