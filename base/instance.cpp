@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "base/context.h"
 #include "base/record.h"
 #include "base/scene_data.h"
 
@@ -24,16 +25,22 @@ Instance::Instance(StringView name, SimpleScene& scene, const Matrix4x4& transfo
   for (const auto& [index, animation] : scene_->animations) AddAnimation(index, animation.frames);
   NameObject(this, name);
   NameObject(&animCtrl_, name);
-  Reserve(lights);
+  Reserve();
+  TakeLights(lights);
 }
 
 Instance::~Instance() {
   ForgetObject(this);
   ForgetObject(&animCtrl_);
+  Context* context = CurrentContext();
+  if (context != nullptr && !ownLights_.empty()) {
+    lights_ = placed_.ownLights;  // no others end with it
+    context->render.Forget(lights_);
+  }
   if (scene_ != nullptr) std::erase(scene_->instances, this);
 }
 
-void Instance::Reserve(const LightList& lights) {
+void Instance::Reserve() {
   std::size_t subMeshes = 0;
   std::size_t meshes = 0;
   for (const TMNode* node : scene_->order) {
@@ -42,7 +49,6 @@ void Instance::Reserve(const LightList& lights) {
     subMeshes += node->mesh->subMeshes.size();
   }
   placed_.entries.resize(subMeshes);
-  for (RenderEntry& entry : placed_.entries) entry.lights = &lights;
   placed_.drawMatrices.resize(meshes);
   const std::size_t nodes = scene_->nodes.size();
   placed_.nodeMatrices.resize(nodes);
@@ -51,6 +57,21 @@ void Instance::Reserve(const LightList& lights) {
   written_.resize(nodes);
   PoseNodes();
   MoveNodes();
+}
+
+void Instance::TakeLights(const LightList& lights) {
+  for (const NodeLight& source : scene_->lights) ownLights_.push_back(source.light);
+  for (Light& light : ownLights_) placed_.ownLights.push_back(&light);
+  if (!ownLights_.empty()) {
+    lights_ = lights;
+    lights_.insert(lights_.end(), placed_.ownLights.begin(), placed_.ownLights.end());
+  }
+  for (RenderEntry& entry : placed_.entries) entry.lights = ownLights_.empty() ? &lights : &lights_;
+  MoveLights();
+}
+
+void Instance::AddLight(Light* light) {
+  if (!ownLights_.empty()) lights_.insert(lights_.end() - static_cast<std::ptrdiff_t>(ownLights_.size()), light);
 }
 
 void Instance::Disable(bool disabled) {
@@ -68,10 +89,13 @@ void Instance::GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float
 void Instance::Advance(double seconds, bool shown) {
   if (scene_ == nullptr) return;
   if (animCtrl_.Advance(seconds)) moved_ = true;
-  if (!shown || disabled_ || !moved_) return;
-  moved_ = false;
-  PoseNodes();
-  MoveNodes();
+  if (!shown || disabled_) return;
+  if (moved_) {
+    moved_ = false;
+    PoseNodes();
+    MoveNodes();
+  }
+  MoveLights();
 }
 
 void Instance::AddAnimation(std::uint32_t index, float frames) {
@@ -105,6 +129,17 @@ void Instance::MoveNodes() {
     placed_.nodeMatrices[i] = world;
     node.transform = world * placed_.transform;
     node.inverseTransform = node.transform.Inverse();
+  }
+}
+
+// Nodes are also moved by whoever writes their matrices, so this is done in each frame.
+void Instance::MoveLights() {
+  for (std::size_t i = 0; i < ownLights_.size() && i < scene_->lights.size(); ++i) {
+    const Matrix4x4 world = placed_.nodeMatrices[scene_->lights[i].node] * placed_.transform;
+    ownLights_[i].position = world.GetTranslation();
+    // The file's z is a node's own y.
+    ownLights_[i].direction = {-world.m[1][0], -world.m[1][1], -world.m[1][2]};
+    ownLights_[i].direction.Normalize();
   }
 }
 

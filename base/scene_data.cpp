@@ -50,6 +50,7 @@ class Filler {
     MakeTextures();
     MakeGeometries();
     MakeNodes();
+    MakeAmbient();
   }
 
  private:
@@ -93,10 +94,18 @@ class Filler {
       node.inverseTransform = node.transform.Inverse();
       node.mesh = MakeMesh(source);
       node.cameraParameters = MakeCamera(source);
+      if (source.light) data_.lights.push_back({*source.light, node.position});
       data_.order.push_back(&node);
       data_.restPose.push_back(source.pose);
       data_.byName.emplace(node.name, static_cast<std::uint32_t>(i));
     }
+  }
+
+  void MakeAmbient() {
+    if (!source_.ambient || source_.nodes.empty()) return;
+    Light& light = data_.lights.emplace_back().light;
+    light.type = Light::kAmbient;
+    light.color = *source_.ambient;
   }
 
   const float* MakeCamera(const NodeData& source) {
@@ -127,8 +136,9 @@ class Filler {
     const MaterialData* material = At(source_.materials, position);
     if (material == nullptr) return;
     params = material->params;
-    params.AddTexture(TEXTURE_SLOT_0, TextureAt(material->emissiveImage));
-    params.AddTexture(TEXTURE_SLOT_1, TextureAt(material->baseImage));
+    for (std::uint32_t slot = 0; slot < TEXTURE_SLOT_COUNT; ++slot) {
+      params.AddTexture(static_cast<TEXTURE_SLOT>(slot), TextureAt(material->images[slot]));
+    }
   }
 
   [[nodiscard]] Texture* TextureAt(std::int32_t image) const {
@@ -171,6 +181,7 @@ void SimpleScene::Data::Clear() {
   nodes.clear();
   meshes.clear();
   cameras.clear();
+  lights.clear();
   restPose.clear();
 }
 

@@ -10,12 +10,20 @@
 
 #include "base/pose.h"
 #include "base/textures.h"
+#include "engine/light.h"
 #include "engine/mesh.h"
 #include "engine/scene.h"
 
 namespace qen::base {
+
 class Instance;
-}
+
+struct NodeLight {
+  Light light;
+  std::uint32_t node = 0;  // where it stands; no matter for ambient light
+};
+
+}  // namespace qen::base
 
 namespace qen {
 
@@ -41,6 +49,7 @@ struct SimpleScene::Data {
   std::vector<base::Pose> restPose;
   std::vector<Mesh> meshes;  // one a node that has a mesh, so that each can be textured by itself
   std::deque<std::array<float, 4>> cameras;
+  std::vector<base::NodeLight> lights;
   std::vector<std::unique_ptr<base::TextureObject>> textures;
   std::vector<std::uint32_t> geometries;
   std::map<std::uint32_t, base::Animation> animations;  // by index

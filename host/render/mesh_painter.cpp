@@ -3,16 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/light.h"
 #include "engine/mesh.h"
 #include "engine/texture.h"
-#include "host/render/mesh_shader.h"
 
 namespace qen::host {
 namespace {
-
-constexpr GLuint kBaseUnit = 0;
-constexpr GLuint kEmissiveUnit = 1;
 
 Vec3 Row(const Matrix4x4& matrix, int i) { return {matrix.m[i][0], matrix.m[i][1], matrix.m[i][2]}; }
 
@@ -21,77 +16,104 @@ std::uint32_t TextureIn(const MaterialParams& params, TEXTURE_SLOT slot) {
   return texture == nullptr ? 0 : texture->GetHandle();
 }
 
-const Light* FirstDirectional(const LightList* lights) {
-  if (lights == nullptr) return nullptr;
-  const auto found = std::ranges::find_if(
-      *lights, [](const Light* light) { return light != nullptr && light->type == Light::kDirectional; });
-  return found == lights->end() ? nullptr : *found;
+bool NeedsMaps(const MaterialParams& params) {
+  constexpr std::array kMaps{TEXTURE_SLOT_2, TEXTURE_SLOT_3, TEXTURE_SLOT_4};
+  constexpr TexturePlacement kUsual;
+  return std::ranges::any_of(kMaps, [&](TEXTURE_SLOT slot) { return params.GetTexture(slot) != nullptr; }) ||
+         params.placements[TEXTURE_SLOT_0] != kUsual || params.placements[TEXTURE_SLOT_1] != kUsual;
 }
 
 }  // namespace
 
-GlProgram MeshPainter::MakeProgram() { return {kMeshVertexShader, kMeshFragmentShader}; }
-
 MeshPainter::MeshPainter(const GeometryStore& geometry, const TextureStore& textures)
-    : geometry_(geometry), textures_(textures), at_{} {
-  const auto find = [this](const char* name) { return program_.Uniform(name); };
-  at_ = {find("uWorld"),    find("uViewProjection"), find("uNormalMatrix"), find("uBaseColor"),   find("uEmissive"),
-         find("uMetallic"), find("uRoughness"),      find("uAlphaMode"),    find("uAlphaCutoff"), find("uCoverage"),
-         find("uEye"),      find("uToLight"),        find("uLightColor"),   find("uLit")};
-  program_.Use();
-  glUniform1i(find("uBaseMap"), kBaseUnit);
-  glUniform1i(find("uEmissiveMap"), kEmissiveUnit);
-}
+    : geometry_(geometry),
+      textures_(textures),
+      programs_{MeshProgram(0), MeshProgram(1), MeshProgram(2), MeshProgram(3)} {}
 
 void MeshPainter::SetCamera(const Matrix4x4& view, const Matrix4x4& viewProjection) {
   const Vec3 eye = view.Inverse().GetTranslation();
-  program_.Use();
-  glUniformMatrix4fv(at_.viewProjection, 1, GL_FALSE, &viewProjection.m[0][0]);
-  glUniform3f(at_.eye, eye.x, eye.y, eye.z);
+  for (const MeshProgram& program : programs_) {
+    program.Use();
+    glUniformMatrix4fv(program.at.viewProjection, 1, GL_FALSE, &viewProjection.m[0][0]);
+    glUniform3f(program.at.eye, eye.x, eye.y, eye.z);
+  }
 }
 
-void MeshPainter::SetMaterial(const MaterialParams& params, bool smoothCutout) const {
+const MeshProgram& MeshPainter::ProgramFor(const MaterialParams& params, const MeshLights& lights) const {
+  const bool hasLamps = lights.lampCount > 0 || lights.ambient != nullptr;
+  return programs_[(NeedsMaps(params) ? MeshProgram::kMaps : 0) | (hasLamps ? MeshProgram::kLamps : 0)];
+}
+
+void MeshPainter::SetMaterial(const MeshProgram& program, const MaterialParams& params, bool smoothCutout) const {
   const std::array<float, 4>& base = params.baseColor;
-  glUniform4f(at_.baseColor, base[0], base[1], base[2], base[3]);
-  glUniform3f(at_.emissive, params.emissive[0], params.emissive[1], params.emissive[2]);
-  glUniform1f(at_.metallic, params.metallic);
-  glUniform1f(at_.roughness, params.roughness);
-  glUniform1i(at_.alphaMode, static_cast<GLint>(params.alphaMode));
-  glUniform1f(at_.alphaCutoff, params.alphaCutoff);
-  glUniform1i(at_.coverage, smoothCutout ? 1 : 0);
-  textures_.Bind(TextureIn(params, TEXTURE_SLOT_1), kBaseUnit, TextureStore::Filter::Repeat);
-  textures_.Bind(TextureIn(params, TEXTURE_SLOT_0), kEmissiveUnit, TextureStore::Filter::Repeat);
+  glUniform4f(program.at.baseColor, base[0], base[1], base[2], base[3]);
+  glUniform3f(program.at.emissive, params.emissive[0], params.emissive[1], params.emissive[2]);
+  glUniform1f(program.at.metallic, params.metallic);
+  glUniform1f(program.at.roughness, params.roughness);
+  glUniform1i(program.at.alphaMode, static_cast<GLint>(params.alphaMode));
+  glUniform1f(program.at.alphaCutoff, params.alphaCutoff);
+  glUniform1i(program.at.coverage, smoothCutout ? 1 : 0);
+  glUniform1i(program.at.unlit, params.unlit ? 1 : 0);
+  textures_.Bind(TextureIn(params, TEXTURE_SLOT_1), MeshProgram::kBaseUnit, TextureStore::Filter::Repeat);
+  textures_.Bind(TextureIn(params, TEXTURE_SLOT_0), MeshProgram::kEmissiveUnit, TextureStore::Filter::Repeat);
+  if ((program.features & MeshProgram::kMaps) != 0) SetMaps(program, params);
   (params.doubleSided ? glDisable : glEnable)(GL_CULL_FACE);
 }
 
-void MeshPainter::SetLight(const LightList* lights) const {
-  const Light* light = FirstDirectional(lights);
-  glUniform1i(at_.lit, light != nullptr ? 1 : 0);
-  if (light == nullptr) return;
-  Vec3 toLight = -light->direction;
-  toLight.Normalize();
-  glUniform3f(at_.toLight, toLight.x, toLight.y, toLight.z);
-  glUniform3f(at_.lightColor, light->color.x, light->color.y, light->color.z);
+void MeshPainter::SetMaps(const MeshProgram& program, const MaterialParams& params) const {
+  constexpr GLsizei kSlots = TEXTURE_SLOT_COUNT;
+  std::array<std::array<float, 3>, kSlots> x{};
+  std::array<std::array<float, 3>, kSlots> y{};
+  std::array<float, kSlots> set{};
+  for (std::size_t i = 0; i < kSlots; ++i) {
+    x[i] = params.placements[i].x;
+    y[i] = params.placements[i].y;
+    set[i] = static_cast<float>(params.placements[i].uvSet);
+  }
+  glUniform3fv(program.at.uvX, kSlots, x[0].data());
+  glUniform3fv(program.at.uvY, kSlots, y[0].data());
+  glUniform1fv(program.at.uvSet, kSlots, set.data());
+  const bool hasNormals = TextureIn(params, TEXTURE_SLOT_2) != 0;
+  glUniform1f(program.at.normalScale, hasNormals ? params.normalScale : 0.0F);
+  glUniform1f(program.at.occlusionStrength, params.occlusionStrength);
+  textures_.Bind(TextureIn(params, TEXTURE_SLOT_2), MeshProgram::kNormalUnit, TextureStore::Filter::Repeat);
+  textures_.Bind(TextureIn(params, TEXTURE_SLOT_3), MeshProgram::kSurfaceUnit, TextureStore::Filter::Repeat);
+  textures_.Bind(TextureIn(params, TEXTURE_SLOT_4), MeshProgram::kOcclusionUnit, TextureStore::Filter::Repeat);
 }
 
-void MeshPainter::SetPlace(const Matrix4x4& world) const {
+void MeshPainter::SetLight(const MeshProgram& program, const MeshLights& lights) const {
+  glUniform1i(program.at.lit, lights.lit ? 1 : 0);
+  if (!lights.lit) return;
+  glUniform3f(program.at.toLight, lights.toKey.x, lights.toKey.y, lights.toKey.z);
+  glUniform3f(program.at.lightColor, lights.keyColor.x, lights.keyColor.y, lights.keyColor.z);
+  if ((program.features & MeshProgram::kLamps) == 0) return;
+  const Vec3 ambient = lights.ambient == nullptr ? Vec3{} : lights.ambient->color;
+  glUniform4f(program.at.ambient, ambient.x, ambient.y, ambient.z, lights.ambient == nullptr ? 0.0F : 1.0F);
+  const auto count = static_cast<GLsizei>(lights.lampCount);
+  glUniform1i(program.at.lampCount, count);
+  if (count > 0) glUniformMatrix4fv(program.at.lamps, count, GL_FALSE, lights.lamps[0].place.data());
+}
+
+void MeshPainter::SetPlace(const MeshProgram& program, const Matrix4x4& world) const {
   // The cofactors turn normals as the inverse's transpose does, and exist for flattened nodes too.
   std::array<Vec3, 3> normal{Cross(Row(world, 1), Row(world, 2)), Cross(Row(world, 2), Row(world, 0)),
                              Cross(Row(world, 0), Row(world, 1))};
   const bool mirrored = Dot(Row(world, 0), normal[0]) < 0.0F;
   if (mirrored) std::ranges::transform(normal, normal.begin(), [](const Vec3& row) { return -row; });
   glFrontFace(mirrored ? GL_CW : GL_CCW);
-  glUniformMatrix4fv(at_.world, 1, GL_FALSE, &world.m[0][0]);
-  glUniformMatrix3fv(at_.normalMatrix, 1, GL_FALSE, &normal[0].x);
+  glUniformMatrix4fv(program.at.world, 1, GL_FALSE, &world.m[0][0]);
+  glUniformMatrix3fv(program.at.normalMatrix, 1, GL_FALSE, &normal[0].x);
 }
 
 void MeshPainter::Draw(const base::DrawItem& item, bool multisampled) const {
   const MaterialParams& params = item.entry.subMesh->GetMaterialParams();
   const bool smoothCutout = multisampled && params.alphaMode == AlphaMode::Mask;
-  program_.Use();
-  SetMaterial(params, smoothCutout);
-  SetLight(item.entry.lights);
-  SetPlace(item.entry.world != nullptr ? *item.entry.world : item.world);
+  const MeshLights lights = GatherLights(item.entry.lights);
+  const MeshProgram& program = ProgramFor(params, lights);
+  program.Use();
+  SetMaterial(program, params, smoothCutout);
+  SetLight(program, lights);
+  SetPlace(program, item.entry.world != nullptr ? *item.entry.world : item.world);
   if (smoothCutout) glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);
   geometry_.Draw(item.entry.subMesh->geometry);
   if (smoothCutout) glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);

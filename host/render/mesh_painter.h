@@ -1,10 +1,13 @@
 // Draws meshes.
 #pragma once
 
+#include <array>
+
 #include "base/draw_list.h"
 #include "engine/material.h"
 #include "host/render/geometry_store.h"
-#include "host/render/gl_program.h"
+#include "host/render/mesh_lights.h"
+#include "host/render/mesh_program.h"
 #include "host/render/texture_store.h"
 
 namespace qen::host {
@@ -20,19 +23,15 @@ class MeshPainter {
   void Draw(const base::DrawItem& item, bool multisampled) const;
 
  private:
-  void SetMaterial(const MaterialParams& params, bool smoothCutout) const;
-  void SetLight(const LightList* lights) const;
-  void SetPlace(const Matrix4x4& world) const;
+  [[nodiscard]] const MeshProgram& ProgramFor(const MaterialParams& params, const MeshLights& lights) const;
+  void SetMaterial(const MeshProgram& program, const MaterialParams& params, bool smoothCutout) const;
+  void SetMaps(const MeshProgram& program, const MaterialParams& params) const;
+  void SetLight(const MeshProgram& program, const MeshLights& lights) const;
+  void SetPlace(const MeshProgram& program, const Matrix4x4& world) const;
 
   const GeometryStore& geometry_;
   const TextureStore& textures_;
-  GlProgram program_{MakeProgram()};
-  struct Uniforms {
-    GLint world, viewProjection, normalMatrix, baseColor, emissive, metallic, roughness, alphaMode, alphaCutoff,
-        coverage, eye, toLight, lightColor, lit;
-  } at_;
-
-  static GlProgram MakeProgram();
+  std::array<MeshProgram, MeshProgram::kCount> programs_;  // by their features
 };
 
 }  // namespace qen::host
