@@ -89,6 +89,9 @@ constexpr std::array<RuleInfo, kRuleCount> kRules{{
     {Rule::ExitWithoutEntrance, "exit-without-entrance", Warning,
      "a page that leaves with an animation but enters without one", "anim_out anims\\menu_out.glb   (and no anim_in)",
      "Give it an entrance, or let it leave at once."},
+    {Rule::NotDrawn, "not-drawn", Note, "something in a scene that is passed over when it is drawn",
+     "name scenes\\menu.glb   (with an armature, or with nine lights)",
+     "Apply armatures, shape keys and modifiers in the 3D tool; bake what else is to be seen into textures."},
 
     {Rule::UnknownPage, "unknown-page", Error, "a command for a page that does not exist",
      "message setpage:Options.glb", "Write the page's name: the scene behind the last backslash, in its letter case."},

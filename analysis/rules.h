@@ -59,6 +59,7 @@ enum class Rule : std::uint8_t {
   SamePageName,
   UnknownChannel,
   ExitWithoutEntrance,
+  NotDrawn,
   // commands
   UnknownPage,
   UnknownWidget,

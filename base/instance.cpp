@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "base/context.h"
 #include "base/record.h"
 #include "base/scene_data.h"
 
@@ -24,13 +25,18 @@ Instance::Instance(StringView name, SimpleScene& scene, const Matrix4x4& transfo
   for (const auto& [index, animation] : scene_->animations) AddAnimation(index, animation.frames);
   NameObject(this, name);
   NameObject(&animCtrl_, name);
-  placed_.sceneLights = &lights;
   PutAtRest();
+  TakeLights(lights);
 }
 
 Instance::~Instance() {
   ForgetObject(this);
   ForgetObject(&animCtrl_);
+  Context* context = CurrentContext();
+  if (context != nullptr && !ownLights_.empty()) {
+    lights_ = placed_.ownLights;  // no others end with it
+    context->render.Forget(lights_);
+  }
   if (scene_ != nullptr) std::erase(scene_->instances, this);
 }
 
@@ -43,6 +49,21 @@ void Instance::PutAtRest() {
   BeginMoving();
   placed_.nodeMatrices = written_;
   for (std::size_t i = 0; i < scene_->nodes.size(); ++i) PutNode(i);
+}
+
+void Instance::TakeLights(const LightList& lights) {
+  for (const NodeLight& source : scene_->lights) ownLights_.push_back(source.light);
+  for (Light& light : ownLights_) placed_.ownLights.push_back(&light);
+  if (!ownLights_.empty()) {
+    lights_ = lights;
+    lights_.insert(lights_.end(), placed_.ownLights.begin(), placed_.ownLights.end());
+  }
+  placed_.sceneLights = ownLights_.empty() ? &lights : &lights_;
+  MoveLights();
+}
+
+void Instance::AddLight(Light* light) {
+  if (!ownLights_.empty()) lights_.insert(lights_.end() - static_cast<std::ptrdiff_t>(ownLights_.size()), light);
 }
 
 void Instance::Disable(bool disabled) {
@@ -60,11 +81,14 @@ void Instance::GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float
 void Instance::Advance(double seconds, bool shown) {
   if (scene_ == nullptr) return;
   if (animCtrl_.Advance(seconds)) moved_ = true;
-  if (!shown || disabled_ || !moved_) return;
-  moved_ = false;
-  if (written_.empty()) BeginMoving();
-  PoseNodes();
-  MoveNodes();
+  if (!shown || disabled_) return;
+  if (moved_) {
+    moved_ = false;
+    if (written_.empty()) BeginMoving();
+    PoseNodes();
+    MoveNodes();
+  }
+  MoveLights();
 }
 
 void Instance::AddAnimation(std::uint32_t index, float frames) {
@@ -122,6 +146,17 @@ Matrix4x4 Instance::GlobalOf(std::size_t node) const {
   const std::uint32_t parent = scene_->nodes[node].parent;
   const Matrix4x4 local = ToMatrix(poses_[node]);
   return parent == TMNode::kNoParent ? local : local * globals_[parent];
+}
+
+// Nodes are also moved by whoever writes their matrices, so this is done in each frame.
+void Instance::MoveLights() {
+  for (std::size_t i = 0; i < ownLights_.size() && i < scene_->lights.size(); ++i) {
+    const Matrix4x4 world = placed_.nodeMatrices[scene_->lights[i].node] * placed_.transform;
+    ownLights_[i].position = world.GetTranslation();
+    // The file's z is a node's own y.
+    ownLights_[i].direction = {-world.m[1][0], -world.m[1][1], -world.m[1][2]};
+    ownLights_[i].direction.Normalize();
+  }
 }
 
 // Where a node stands that its animation has at `animated`.

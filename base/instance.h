@@ -7,6 +7,7 @@
 #include "base/carried_nodes.h"
 #include "base/pose.h"
 #include "engine/anim_ctrl.h"
+#include "engine/light.h"
 #include "engine/scene.h"
 #include "engine/scene_instance.h"
 
@@ -24,6 +25,9 @@ class Instance final : public InstanceObject {
   void Disable(bool disabled) override;
   void GetLOD(std::uint32_t level, SimpleSceneInstance*& instance, float& distance) override;
 
+  // A light of the world it stands in, from now on.
+  void AddLight(Light* light);
+
   // Moves the animations on and, when that changed the pose, the nodes that moved. Those of an instance that is not
   // shown, or disabled, wait until it is again.
   void Advance(double seconds, bool shown);
@@ -33,9 +37,11 @@ class Instance final : public InstanceObject {
 
  private:
   void PutAtRest();
+  void TakeLights(const LightList& lights);
   void BeginMoving();
   void PoseNodes();
   void MoveNodes();
+  void MoveLights();
   void PutNode(std::size_t node);
   [[nodiscard]] Matrix4x4 GlobalOf(std::size_t node) const;
   [[nodiscard]] Matrix4x4 Place(std::size_t node, const Matrix4x4& animated);
@@ -53,6 +59,9 @@ class Instance final : public InstanceObject {
   std::vector<Matrix4x4> globals_;
   std::vector<Matrix4x4> written_;
   CarriedNodes carried_;
+
+  std::vector<Light> ownLights_;  // those of the scene, as they stand here
+  LightList lights_;              // of the world, then its own; empty and not used where it has none of its own
 };
 
 }  // namespace qen::base

@@ -126,9 +126,11 @@ void RenderService::ForgetTexture(std::uint32_t texture) {
   }
 }
 
-const LightList& RenderService::Keep(const LightList& lights) {
+const LightList& RenderService::Keep(const LightList& lights, const LightList& more) {
   if (keptCount_ == keptLights_.size()) keptLights_.emplace_back();
-  return keptLights_[keptCount_++] = lights;
+  LightList& kept = keptLights_[keptCount_++] = lights;
+  kept.insert(kept.end(), more.begin(), more.end());
+  return kept;
 }
 
 void RenderService::BeginFrame() {

@@ -38,8 +38,8 @@ class RenderService final : public IRender {
   // How far a point is from the plane of the camera of the present layer.
   [[nodiscard]] float DistanceOf(const Vec3& world) const;
 
-  // A copy that stays until the next frame begins.
-  const LightList& Keep(const LightList& lights);
+  // Both together, in a list that stays until the next frame begins.
+  const LightList& Keep(const LightList& lights, const LightList& more);
 
   // What is about to go away is taken out of the frame.
   void Forget(std::span<const Mesh> meshes);

@@ -26,6 +26,7 @@ class Filler {
     Reserve();
     for (std::size_t i = 0; i < source_.nodes.size(); ++i) MakeNode(static_cast<std::uint32_t>(i));
     data_.restPoses.Shrink();
+    MakeAmbient();
   }
 
  private:
@@ -65,6 +66,7 @@ class Filler {
     PutInPlace(node, base::ToWorld(globals_[i]));
     node.mesh = MakeMesh(source);
     node.cameraParameters = MakeCamera(source);
+    if (source.light) data_.lights.push_back({*source.light, i});
     data_.order.push_back(&node);
   }
 
@@ -79,6 +81,13 @@ class Filler {
     const SimpleScene::Data::Place& place = data_.places.emplace_back(SimpleScene::Data::Place{world, world.Inverse()});
     node.transform = Shared(place.transform);
     node.inverseTransform = Shared(place.inverse);
+  }
+
+  void MakeAmbient() {
+    if (!source_.ambient || source_.nodes.empty()) return;
+    Light& light = data_.lights.emplace_back().light;
+    light.type = Light::kAmbient;
+    light.color = *source_.ambient;
   }
 
   const float* MakeCamera(const NodeData& source) {
@@ -137,6 +146,7 @@ void SimpleScene::Data::Clear() {
   subMeshes.clear();
   looks.Clear(isEngineThere ? engine->backends.render : nullptr);
   cameras.clear();
+  lights.clear();
   restPoses.Clear();
 }
 

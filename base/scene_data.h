@@ -10,12 +10,20 @@
 #include "base/pose.h"
 #include "base/rest_poses.h"
 #include "base/scene_looks.h"
+#include "engine/light.h"
 #include "engine/mesh.h"
 #include "engine/scene.h"
 
 namespace qen::base {
+
 class Instance;
-}
+
+struct NodeLight {
+  Light light;
+  std::uint32_t node = 0;  // where it stands; no matter for ambient light
+};
+
+}  // namespace qen::base
 
 namespace qen {
 
@@ -49,6 +57,7 @@ struct SimpleScene::Data {
   std::vector<Mesh> meshes;  // one a node that has a mesh, so that each can be textured by itself
   std::vector<SubMesh> subMeshes;
   std::deque<std::array<float, 4>> cameras;
+  std::vector<base::NodeLight> lights;
   std::map<std::uint32_t, base::Animation> animations;  // by index
   std::vector<base::Instance*> instances;               // that show this scene
 };

@@ -14,7 +14,7 @@ void SimpleSceneInstance::Render(Viewport* viewport, std::uint32_t pass, const L
   base::Context* context = base::CurrentContext();
   if (context == nullptr || scene == nullptr) return;
   const Camera* camera = viewport == nullptr ? nullptr : viewport->GetCamera();
-  const LightList& kept = context->render.Keep(lights);
+  const LightList& kept = context->render.Keep(lights, ownLights);
 
   const std::vector<TMNode*>& nodes = scene->GetNodes();
   std::size_t drawn = 0;

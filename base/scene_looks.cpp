@@ -24,7 +24,7 @@ const T* EntryAt(const std::vector<T>& entries, std::int32_t position) {
 
 template <class T>
 std::string_view Bytes(const std::vector<T>& entries) {
-  static_assert(std::has_unique_object_representations_v<T> || sizeof(T) == 36, "bytes that mean nothing");
+  static_assert(std::has_unique_object_representations_v<T> || sizeof(T) == 44, "bytes that mean nothing");
   return {reinterpret_cast<const char*>(entries.data()), entries.size() * sizeof(T)};
 }
 
@@ -115,8 +115,9 @@ std::vector<const MaterialParams*> SceneLooks::MakeMaterials(const SceneData& so
   materials.reserve(source.materials.size());
   for (const MaterialData& material : source.materials) {
     MaterialParams params = material.params;
-    params.AddTexture(TEXTURE_SLOT_0, TextureAt(material.emissiveImage));
-    params.AddTexture(TEXTURE_SLOT_1, TextureAt(material.baseImage));
+    for (std::uint32_t slot = 0; slot < TEXTURE_SLOT_COUNT; ++slot) {
+      params.AddTexture(static_cast<TEXTURE_SLOT>(slot), TextureAt(material.images[slot]));
+    }
     materials.push_back(&*materials_.insert(params).first);
   }
   return materials;

@@ -46,6 +46,7 @@ bool SceneService::AddLight(const String& scene, Light* light, const AttachDesc&
   const auto found = scenes_.find(scene);
   if (found == scenes_.end() || light == nullptr) return false;
   found->second.lights.push_back(light);
+  for (const std::int32_t id : found->second.instances) instances_.at(id).instance->AddLight(light);
   return true;
 }
 

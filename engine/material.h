@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "engine/resource.h"
 
@@ -25,16 +26,28 @@ class MaterialManager : public ResourceManager {
   virtual Material* GetByName(const String& name, const String& group) = 0;
 };
 
-// Slot 0 is the engine's own (emissive picture of a model), slot 1 the picture of the surface.
+// Slot 0 is the engine's own (emissive picture of a model), slot 1 the picture of the surface. The others hold numbers,
+// not colours: slot 2 normals, slot 3 roughness in green and metalness in blue, slot 4 occlusion in red.
 enum TEXTURE_SLOT : std::uint32_t {
   TEXTURE_SLOT_0,
   TEXTURE_SLOT_1,
   TEXTURE_SLOT_2,
   TEXTURE_SLOT_3,
+  TEXTURE_SLOT_4,
   TEXTURE_SLOT_COUNT
 };
 
 enum class AlphaMode : std::uint8_t { Opaque, Mask, Blend };
+
+// How a texture lies on a surface.
+struct TexturePlacement {
+  // (u, v) becomes (x[0] u + x[1] v + x[2], y[0] u + y[1] v + y[2]).
+  std::array<float, 3> x{1.0F, 0.0F, 0.0F};
+  std::array<float, 3> y{0.0F, 1.0F, 0.0F};
+  std::uint32_t uvSet = 0;  // which of the mesh's two sets of coordinates, 0 or 1
+
+  friend bool operator==(const TexturePlacement&, const TexturePlacement&) = default;
+};
 
 class QEN_API MaterialParams {
  public:
@@ -55,8 +68,10 @@ class QEN_API MaterialParams {
   float alphaCutoff = 0.5F;
   AlphaMode alphaMode = AlphaMode::Opaque;
   bool doubleSided = false;
-
-  friend bool operator==(const MaterialParams&, const MaterialParams&) = default;
+  bool unlit = false;              // shows its own colours under any light
+  float normalScale = 1.0F;        // how steep slot 2 is
+  float occlusionStrength = 1.0F;  // how much of slot 4 counts, 0 to 1
+  std::array<TexturePlacement, TEXTURE_SLOT_COUNT> placements{};
 
  private:
   std::array<Texture*, TEXTURE_SLOT_COUNT> textures_{};

@@ -43,11 +43,12 @@ class QEN_API SimpleSceneInstance {
 
   [[nodiscard]] const Matrix4x4& GetTM() const { return transform; }
 
-  // Draws all its meshes with the given lights. `pass` 2: interface.
+  // Draws all its meshes with the given lights and its own. `pass` 2: interface.
   void Render(Viewport* viewport, std::uint32_t pass, const LightList& lights);
 
   Matrix4x4 transform = Matrix4x4::Identity;  // of the whole instance
   SimpleScene* scene = nullptr;               // what it shows, not owned; null when that is gone
+  LightList ownLights;                        // of that scene as they stand here; owned by the engine
 };
 
 // What the scene manager keeps for an instance id.

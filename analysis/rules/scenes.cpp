@@ -38,6 +38,7 @@ void CheckScene(const Page& page, const base::SceneData& scene, Findings& findin
   CheckStateBoxes(page, findings);
   CheckListBoxes(page, findings);
   CheckCovered(page, scene, findings);
+  CheckUndrawn(page, scene, findings);
 }
 
 void CheckScenes(const Gui& gui, Findings& findings) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/backends/image.h"
+#include "engine/light.h"
 #include "engine/material.h"
 #include "engine/types.h"
 #include "engine/vec.h"
@@ -28,6 +29,7 @@ struct Vertex {
   Vec3 position;
   Vec3 normal;
   float u = 0.0F, v = 0.0F;
+  float u2 = 0.0F, v2 = 0.0F;                             // the second set, of which some textures of materials are
   std::array<std::uint8_t, 4> color{255, 255, 255, 255};  // linear rgba, multiplied with the base colour
 };
 
@@ -38,9 +40,8 @@ struct SubMeshData {
 };
 
 struct MaterialData {
-  MaterialParams params;        // without textures
-  std::int32_t baseImage = -1;  // positions in SceneData::images, -1: none
-  std::int32_t emissiveImage = -1;
+  MaterialParams params;                                                    // without textures
+  std::array<std::int32_t, TEXTURE_SLOT_COUNT> images{-1, -1, -1, -1, -1};  // by slot, in SceneData::images, -1: none
 };
 
 struct NodeData {
@@ -49,6 +50,7 @@ struct NodeData {
   Pose pose;                                   // relative to the parent
   std::int32_t mesh = -1;                      // position in SceneData::meshes
   std::optional<std::array<float, 3>> camera;  // vertical angle in radians, near plane, far plane
+  std::optional<Light> light;                  // stands where the node does and shines along its -z
 };
 
 struct SceneData {
@@ -56,6 +58,8 @@ struct SceneData {
   std::vector<std::vector<SubMeshData>> meshes;
   std::vector<MaterialData> materials;
   std::vector<Image> images;
+  std::optional<Vec3> ambient;  // even light from all sides instead of the usual surroundings
+  std::vector<String> undrawn;  // what else the file uses, in a few words each
 };
 
 enum class Interpolation : std::uint8_t { Step, Linear, Cubic };

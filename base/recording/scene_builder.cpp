@@ -50,7 +50,7 @@ void AddPicture(SceneData& scene) {
   const std::int32_t mesh = scene.nodes.back().mesh;
   if (mesh < 0) return;
   MaterialData material;
-  material.baseImage = static_cast<std::int32_t>(scene.images.size());
+  material.images[TEXTURE_SLOT_1] = static_cast<std::int32_t>(scene.images.size());
   scene.images.push_back({1, 1, {255, 255, 255, 255}});
   for (SubMeshData& subMesh : scene.meshes[static_cast<std::size_t>(mesh)]) {
     subMesh.material = static_cast<std::int32_t>(scene.materials.size());

@@ -7,21 +7,13 @@
 
 #include "base/draw_list.h"
 #include "engine/material.h"
+#include "host/render/mesh_lights.h"
 
 namespace qen::host {
 
 // Where a mesh stands: the columns of its world matrix that make x, y and z.
 struct MeshPlace {
   std::array<float, 12> columns{};
-};
-
-// The light that meshes are shown in.
-struct MeshLight {
-  bool lit = false;  // else they are shown in their own colours
-  Vec3 toLight;      // of length 1
-  Vec3 color;
-
-  friend bool operator==(const MeshLight&, const MeshLight&) = default;
 };
 
 // Where a text stands, in the world or, in 2D, in pixels.
@@ -68,7 +60,7 @@ struct FramePlan {
   std::vector<PlannedLayer> layers;
   std::vector<Batch> batches;
   std::vector<MaterialParams> materials;
-  std::vector<MeshLight> lights;
+  std::vector<MeshLights> lights;
   std::vector<MeshPlace> places;
   std::vector<base::DrawVertex> vertices;      // in the world or in pixels
   std::vector<TextPlace> texts;                // in the order of their glyphs

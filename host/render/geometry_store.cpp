@@ -14,7 +14,7 @@ void DescribeMeshVertices() {
   constexpr GLsizei kStride = sizeof(base::Vertex);
   glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, position)));
   glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, normal)));
-  glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, u)));
+  glVertexAttribPointer(2, 4, GL_FLOAT, GL_FALSE, kStride, BufferOffset(offsetof(base::Vertex, u)));
   glVertexAttribPointer(3, 4, GL_UNSIGNED_BYTE, GL_TRUE, kStride, BufferOffset(offsetof(base::Vertex, color)));
   for (GLuint i = 0; i < kFirstColumn; ++i) glEnableVertexAttribArray(i);
   for (GLuint i = kFirstColumn; i < kFirstColumn + 3; ++i) {

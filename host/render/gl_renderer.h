@@ -19,7 +19,7 @@ struct GlRendererOptions {
 // Lives and dies, and is called, while one OpenGL context is current. Throws std::runtime_error where that context
 // cannot do the work.
 //
-// A mesh without a directional light is shown in its own colours. Meshes repeat their pictures, quads end theirs.
+// A mesh without any light is shown in its own colours. Meshes repeat their pictures, quads end theirs.
 class GlRenderer final : public base::IRenderBackend {
  public:
   explicit GlRenderer(const GlRendererOptions& options);

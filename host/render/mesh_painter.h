@@ -1,9 +1,12 @@
 // Draws meshes.
 #pragma once
 
+#include <array>
+
 #include "host/render/frame_plan.h"
 #include "host/render/geometry_store.h"
-#include "host/render/gl_program.h"
+#include "host/render/mesh_lights.h"
+#include "host/render/mesh_program.h"
 #include "host/render/texture_store.h"
 
 namespace qen::host {
@@ -23,24 +26,26 @@ class MeshPainter {
  private:
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-  void SetMaterial(const MaterialParams& params, bool smoothCutout) const;
-  void SetLight(const MeshLight& light) const;
+  // What a program of its own is set to.
+  struct Present {
+    std::uint32_t material = kNone;  // positions in the plan
+    std::uint32_t light = kNone;
+  };
+
+  [[nodiscard]] static std::size_t ProgramFor(const MaterialParams& params, const MeshLights& lights);
+  void SetMaterial(const MeshProgram& program, const MaterialParams& params, bool smoothCutout) const;
+  void SetMaps(const MeshProgram& program, const MaterialParams& params) const;
+  static void SetLight(const MeshProgram& program, const MeshLights& lights);
 
   const GeometryStore& geometry_;
   const TextureStore& textures_;
-  GlProgram program_{MakeProgram()};
+  std::array<MeshProgram, MeshProgram::kCount> programs_;  // by their features
   GlBuffer places_;
-  struct Uniforms {
-    GLint viewProjection, mirrored, baseColor, emissive, metallic, roughness, alphaMode, alphaCutoff, coverage, eye,
-        toLight, lightColor, lit;
-  } at_;
 
   const FramePlan* plan_ = nullptr;
   bool multisampled_ = false;
-  std::uint32_t material_ = kNone;  // that is set, of the plan's
-  std::uint32_t light_ = kNone;
-
-  static GlProgram MakeProgram();
+  std::size_t bound_ = MeshProgram::kCount;  // the program whose textures are bound
+  std::array<Present, MeshProgram::kCount> present_;
 };
 
 }  // namespace qen::host

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <utility>
 
-#include "engine/light.h"
 #include "engine/mesh.h"
 
 namespace qen::host {
@@ -35,16 +34,6 @@ std::uint32_t NearnessOf(const DrawItem& item) {
   const float distance = std::isnan(item.distance) ? 0.0F : item.distance + 0.0F;
   const auto bits = std::bit_cast<std::uint32_t>(distance);
   return (bits & kSign) != 0 ? bits : ~bits & ~kSign;
-}
-
-MeshLight LightIn(const LightList* lights) {
-  if (lights == nullptr) return {};
-  const auto found = std::ranges::find_if(
-      *lights, [](const Light* light) { return light != nullptr && light->type == Light::kDirectional; });
-  if (found == lights->end()) return {};
-  MeshLight light{true, -(*found)->direction, (*found)->color};
-  light.toLight.Normalize();
-  return light;
 }
 
 bool IsFlat(DrawKind kind) { return kind == DrawKind::Triangles2D || kind == DrawKind::Text2D; }
@@ -201,7 +190,7 @@ Batch Planner::MeshesOf(const Look& look) {
   const auto [material, isNewMaterial] = materials_.NumberOf(look.material);
   if (isNewMaterial) plan_->materials.push_back(*look.material);
   const auto [light, isNewLight] = lights_.NumberOf(look.lights);
-  if (isNewLight) plan_->lights.push_back(LightIn(look.lights));
+  if (isNewLight) plan_->lights.push_back(GatherLights(look.lights));
   return {.kind = BatchKind::Meshes,
           .mirrored = look.mirrored,
           .name = look.geometry,

@@ -53,8 +53,8 @@ std::uint32_t TextureStore::Create(const base::Image& image) {
   if (image.rgba.size() != static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 4) return 0;
   GlTexture texture;
   glBindTexture(GL_TEXTURE_2D, texture.Get());
-  glTexImage2D(GL_TEXTURE_2D, 0, GL_SRGB8_ALPHA8, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
-               image.rgba.data());
+  glTexImage2D(GL_TEXTURE_2D, 0, image.isLinear ? GL_RGBA8 : GL_SRGB8_ALPHA8, image.width, image.height, 0, GL_RGBA,
+               GL_UNSIGNED_BYTE, image.rgba.data());
   glGenerateMipmap(GL_TEXTURE_2D);
   return textures_.Add(std::move(texture));
 }

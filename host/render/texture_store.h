@@ -16,7 +16,7 @@ class TextureStore final : public IGlyphPages {
  public:
   TextureStore();
 
-  // sRGB with mipmaps. 0 when the image is empty, ill-sized or larger than the driver takes.
+  // With mipmaps. 0 when the image is empty, ill-sized or larger than the driver takes.
   std::uint32_t Create(const base::Image& image);
   void Destroy(std::uint32_t texture) { textures_.Remove(texture); }
 

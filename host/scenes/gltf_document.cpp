@@ -19,8 +19,9 @@ constexpr std::uint32_t kBinaryChunk = 0x004E4942;
 constexpr std::size_t kHeaderSize = 12;
 constexpr std::size_t kChunkHeaderSize = 8;
 
-constexpr std::array<std::string_view, 3> kKnownExtensions{"KHR_materials_unlit", "KHR_materials_emissive_strength",
-                                                           "KHR_mesh_quantization"};
+constexpr std::array<std::string_view, 5> kKnownExtensions{"KHR_materials_unlit", "KHR_materials_emissive_strength",
+                                                           "KHR_mesh_quantization", "KHR_texture_transform",
+                                                           "KHR_lights_punctual"};
 
 std::uint32_t Word(Bytes bytes, std::size_t at) {
   return static_cast<std::uint32_t>(bytes[at]) | static_cast<std::uint32_t>(bytes[at + 1]) << 8U |
@@ -52,6 +53,10 @@ bool IsInside(std::size_t offset, std::size_t length, std::size_t size) {
 }
 
 }  // namespace
+
+bool IsKnownExtension(std::string_view name) {
+  return std::ranges::find(kKnownExtensions, name) != kKnownExtensions.end();
+}
 
 GltfDocument::GltfDocument(StringView file, Bytes bytes, base::IFileBackend& files) : files_(files) {
   const std::size_t separator = file.find_last_of(u"/\\");
@@ -88,9 +93,7 @@ void GltfDocument::CheckVersion() const {
   for (const Json& name : Elements(*root_, "extensionsRequired")) {
     if (!name.is_string()) throw GltfError("\"extensionsRequired\" has a wrong value");
     const auto& extension = name.get_ref<const std::string&>();
-    if (std::ranges::find(kKnownExtensions, extension) == kKnownExtensions.end()) {
-      throw GltfError("it requires the extension " + extension);
-    }
+    if (!IsKnownExtension(extension)) throw GltfError("it requires the extension " + extension);
   }
 }
 

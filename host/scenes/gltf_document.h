@@ -5,6 +5,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/backends/file_backend.h"
@@ -17,6 +18,9 @@ struct BufferView {
   std::span<const std::uint8_t> bytes;
   std::size_t stride = 0;  // bytes from one element to the next, 0: they follow each other
 };
+
+// Whether files that need this extension are read.
+bool IsKnownExtension(std::string_view name);
 
 // Everything throws GltfError for what is wrong in the file.
 class GltfDocument {

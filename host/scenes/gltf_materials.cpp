@@ -1,8 +1,11 @@
 #include "host/scenes/gltf_materials.h"
 
+#include <array>
+#include <cmath>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <unordered_map>
+#include <utility>
 
 #include "base/utf.h"
 #include "host/scenes/image_decoder.h"
@@ -19,26 +22,27 @@ std::optional<Image> ReadImage(const GltfDocument& document, std::size_t index) 
   return DecodeImage(document.Fetch(Text(image, "uri", "")));
 }
 
-// Reads every picture once, when it is first asked for.
+// Reads every picture once for colours and once for numbers, when it is first asked for.
 class Pictures {
  public:
   Pictures(const GltfDocument& document, const WarningSink& warn, std::vector<Image>& images)
       : document_(document), warn_(warn), images_(images) {}
 
   // The position of the picture that a texture of a material shows; -1 when there is none.
-  std::int32_t Find(const Json* textureInfo) {
-    if (textureInfo == nullptr) return -1;
-    const auto source = Index(document_.Item("textures", RequiredIndex(*textureInfo, "index")), "source");
+  std::int32_t Find(const Json& textureInfo, bool isColor) {
+    const auto source = Index(document_.Item("textures", RequiredIndex(textureInfo, "index")), "source");
     if (!source) return -1;
-    const auto known = positions_.find(*source);
-    return known != positions_.end() ? known->second : positions_[*source] = Add(*source);
+    const auto [place, isNew] = positions_.try_emplace({*source, isColor}, -1);
+    if (isNew) place->second = Add(*source, isColor);
+    return place->second;
   }
 
  private:
-  std::int32_t Add(std::size_t source) {
+  std::int32_t Add(std::size_t source, bool isColor) {
     std::string problem = "not a picture";
     try {
       if (auto image = ReadImage(document_, source)) {
+        image->isLinear = !isColor;
         images_.push_back(*std::move(image));
         return static_cast<std::int32_t>(images_.size() - 1);
       }
@@ -52,16 +56,69 @@ class Pictures {
   const GltfDocument& document_;
   const WarningSink& warn_;
   std::vector<Image>& images_;
-  std::unordered_map<std::size_t, std::int32_t> positions_;
+  std::map<std::pair<std::size_t, bool>, std::int32_t> positions_;
 };
+
+struct TextureMember {
+  TEXTURE_SLOT slot;
+  const char* name;
+  bool isOfSurface;  // a member of "pbrMetallicRoughness"
+  bool isColor;
+  const char* strength = nullptr;  // a number beside the texture, and where it goes
+  float MaterialParams::*target = nullptr;
+};
+constexpr std::array kTextureMembers{
+    TextureMember{TEXTURE_SLOT_1, "baseColorTexture", true, true},
+    TextureMember{TEXTURE_SLOT_0, "emissiveTexture", false, true},
+    TextureMember{TEXTURE_SLOT_2, "normalTexture", false, false, "scale", &MaterialParams::normalScale},
+    TextureMember{TEXTURE_SLOT_3, "metallicRoughnessTexture", true, false},
+    TextureMember{TEXTURE_SLOT_4, "occlusionTexture", false, false, "strength", &MaterialParams::occlusionStrength}};
+
+const Json* Extension(const Json& object, const char* name) { return Member(object, "extensions", name); }
+
+std::uint32_t ReadUvSet(const Json& textureInfo, const Json* transform) {
+  constexpr std::size_t kSets = 2;
+  auto set = Index(textureInfo, "texCoord");
+  if (transform != nullptr) {
+    if (const auto other = Index(*transform, "texCoord")) set = other;
+  }
+  return set.value_or(0) < kSets ? static_cast<std::uint32_t>(set.value_or(0)) : 0;
+}
+
+// Scaled, then turned, then moved.
+TexturePlacement ReadPlacement(const Json& textureInfo) {
+  const Json* transform = Extension(textureInfo, "KHR_texture_transform");
+  TexturePlacement placement;
+  placement.uvSet = ReadUvSet(textureInfo, transform);
+  if (transform == nullptr) return placement;
+  std::array<float, 2> offset{};
+  std::array<float, 2> scale{1.0F, 1.0F};
+  ReadNumbers(*transform, "offset", offset);
+  ReadNumbers(*transform, "scale", scale);
+  const float angle = Number(*transform, "rotation", 0.0F);
+  const float c = std::cos(angle);
+  const float s = std::sin(angle);
+  placement.x = {c * scale[0], s * scale[1], offset[0]};
+  placement.y = {-s * scale[0], c * scale[1], offset[1]};
+  return placement;
+}
+
+void ReadTextures(const Json& json, Pictures& pictures, MaterialData& material) {
+  for (const TextureMember& member : kTextureMembers) {
+    const Json* info =
+        member.isOfSurface ? Member(json, "pbrMetallicRoughness", member.name) : Member(json, member.name);
+    if (info == nullptr) continue;
+    material.images[member.slot] = pictures.Find(*info, member.isColor);
+    material.params.placements[member.slot] = ReadPlacement(*info);
+    if (member.strength != nullptr) material.params.*member.target = Number(*info, member.strength, 1.0F);
+  }
+}
 
 AlphaMode ReadAlphaMode(const Json& material) {
   const std::string mode = Text(material, "alphaMode", "OPAQUE");
   if (mode == "BLEND") return AlphaMode::Blend;
   return mode == "MASK" ? AlphaMode::Mask : AlphaMode::Opaque;
 }
-
-const Json* Extension(const Json& material, const char* name) { return Member(material, "extensions", name); }
 
 MaterialParams ReadParams(const Json& material) {
   static const Json kNone = Json::object();
@@ -78,13 +135,8 @@ MaterialParams ReadParams(const Json& material) {
   params.alphaMode = ReadAlphaMode(material);
   params.alphaCutoff = Number(material, "alphaCutoff", 0.5F);
   params.doubleSided = Flag(material, "doubleSided", false);
-  if (Extension(material, "KHR_materials_unlit") != nullptr) {
-    // A rough surface facing the light shows its own colours. Light of its own would do so at every angle, but keep the
-    // picture from being exchanged.
-    params.metallic = 0.0F;
-    params.roughness = 1.0F;
-    params.emissive = {};
-  }
+  params.unlit = Extension(material, "KHR_materials_unlit") != nullptr;
+  if (params.unlit) params.emissive = {};  // nothing but its colours
   return params;
 }
 
@@ -96,8 +148,7 @@ void ReadMaterials(const GltfDocument& document, bool withTextures, const Warnin
     MaterialData& material = scene.materials.emplace_back();
     material.params = ReadParams(json);
     if (!withTextures) continue;
-    material.baseImage = pictures.Find(Member(json, "pbrMetallicRoughness", "baseColorTexture"));
-    material.emissiveImage = pictures.Find(Member(json, "emissiveTexture"));
+    ReadTextures(json, pictures, material);
   }
 }
 

@@ -45,7 +45,8 @@ class PrimitiveReader {
     SubMeshData subMesh;
     ReadPositions(subMesh.vertices);
     const bool hasNormals = ReadNormals(subMesh.vertices);
-    ReadTextureCoordinates(subMesh.vertices);
+    ReadTextureCoordinates("TEXCOORD_0", &Vertex::u, &Vertex::v, subMesh.vertices);
+    ReadTextureCoordinates("TEXCOORD_1", &Vertex::u2, &Vertex::v2, subMesh.vertices);
     ReadColors(subMesh.vertices);
     subMesh.indices = ToTriangles(ReadIndices(subMesh.vertices.size()), how);
     if (!hasNormals) MakeFlat(subMesh);
@@ -87,12 +88,12 @@ class PrimitiveReader {
     return true;
   }
 
-  void ReadTextureCoordinates(std::vector<Vertex>& vertices) {
-    const std::vector<float> values = Values("TEXCOORD_0", 2, vertices.size());
+  void ReadTextureCoordinates(const char* name, float Vertex::*u, float Vertex::*v, std::vector<Vertex>& vertices) {
+    const std::vector<float> values = Values(name, 2, vertices.size());
     if (values.empty()) return;
     for (std::size_t i = 0; i < vertices.size(); ++i) {
-      vertices[i].u = values[2 * i];
-      vertices[i].v = values[2 * i + 1];
+      vertices[i].*u = values[2 * i];
+      vertices[i].*v = values[2 * i + 1];
     }
   }
 

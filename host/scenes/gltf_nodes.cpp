@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/utf.h"
+#include "host/scenes/gltf_lights.h"
 
 namespace qen::host {
 namespace {
@@ -130,7 +131,8 @@ class NodeWalk {
                         .parent = next.parent,
                         .pose = ReadPose(node),
                         .mesh = document_.Position(node, "mesh", "meshes"),
-                        .camera = ReadCamera(document_, node)});
+                        .camera = ReadCamera(document_, node),
+                        .light = ReadLight(document_, node)});
       Push(Children(node, "children"), static_cast<std::int32_t>(nodes_.size() - 1));
     }
     return std::move(nodes_);

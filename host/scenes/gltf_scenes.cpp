@@ -8,8 +8,10 @@
 #include "host/scenes/gltf_accessors.h"
 #include "host/scenes/gltf_animations.h"
 #include "host/scenes/gltf_document.h"
+#include "host/scenes/gltf_lights.h"
 #include "host/scenes/gltf_meshes.h"
 #include "host/scenes/gltf_nodes.h"
+#include "host/scenes/gltf_undrawn.h"
 #include "host/scenes/image_decoder.h"
 
 namespace qen::host {
@@ -48,6 +50,8 @@ std::optional<base::SceneData> GltfScenes::ParseScene(StringView file, std::span
         scene.nodes = ReadNodes(document);
         scene.meshes = ReadMeshes(document, accessors);
         ReadMaterials(document, withTextures, warnAboutFile, scene);
+        scene.ambient = ReadAmbient(document);
+        scene.undrawn = FindUndrawn(document);
         return scene;
       },
       error);

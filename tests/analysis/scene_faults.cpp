@@ -117,6 +117,15 @@ constexpr std::array kSceneFaults{
                 }},
     SeededFault{"ExitWithoutEntrance", Rule::ExitWithoutEntrance, kMenuFile, "anim_out",
                 [](SoundGui& gui) { gui.Replace(kMenuFile, "anim_in anims\\menu_in.glb\n", ""); }},
+    SeededFault{"Skin", Rule::NotDrawn, kBagFile, "name |scenes",
+                [](SoundGui& gui) { gui.scenes[kBagScene].undrawn.emplace_back(u"skins"); }},
+    SeededFault{"NineLights", Rule::NotDrawn, kBagFile, "name |scenes",
+                [](SoundGui& gui) {
+                  for (int i = 0; i < 9; ++i) base::AddNode(gui.scenes[kBagScene], u"Lamp");
+                  for (base::NodeData& node : gui.scenes[kBagScene].nodes) {
+                    if (node.name == u"Lamp") node.light.emplace();
+                  }
+                }},
 };
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "base/recording/recording_engine.h"
 #include "base/recording/scene_builder.h"
 #include "engine/anim_ctrl.h"
+#include "engine/light.h"
 #include "engine/mesh.h"
 #include "engine/render.h"
 #include "engine/scene_manager.h"
@@ -130,6 +131,41 @@ TEST_F(SceneTest, KeepsOnceWhatManyNodesHaveInCommon) {
   EXPECT_EQ(Text(nodes[1]->transform * Vec3{}) + ", " + Text(nodes[2]->transform * Vec3{}), "1 2 -4, 1 2 -3");
   EXPECT_EQ(Place()->nodeMatrices.at(1).GetTranslation(), (Vec3{1, 2, -3})) << "back at rest";
   EXPECT_EQ(Text(nodes[1]->transform * Vec3{}), "1 2 -3");
+}
+
+TEST_F(SceneTest, LightsStandWhereTheirNodesDoAndGoWithTheirInstance) {
+  AddNode(data, u"lamp", AddBox(data, u"arm", -1, {}, {1, 1, 1}), {1, 2, 3});
+  data.nodes.back().pose.rotation = {-1, 0, 0, 1};  // from -z to -y
+  data.nodes.back().light.emplace().type = Light::kSpot;
+  data.ambient = Vec3{0.5F, 0.25F, 1};
+  Load();
+  AddAnimation(MoveNode(u"arm", {0, 0, 0}, {0, 30, 0}, 1.0F), 0);
+  Light sun, later;
+  scenes.CreateScene(u"world", true);
+  scenes.AddLight(u"world", &sun, {});
+  SimpleSceneInstance& placed = *Place();
+  scenes.AddLight(u"world", &later, {});
+  const auto drawnLights = [&]() -> const LightList* { return engine->render.frame.items.at(0).lights; };
+  const auto draw = [&](bool thenEnd) {
+    engine->Draw([&] {
+      System::render->Submit({scene->GetNodes()[0]->mesh->GetSubMesh(0), nullptr, 1, 0.0F, placed.sceneLights});
+      if (thenEnd) scenes.DestroyInstance(id);
+    });
+  };
+  placed.transform.SetTranslation({100, 0, 0});
+  Play(*placed.animCtrl, 0);
+  engine->Animate(0.0);
+  engine->Animate(0.5);
+  draw(false);
+  ASSERT_EQ(drawnLights()->size(), 4U);
+  Light* lamp = (*drawnLights())[2];
+  EXPECT_EQ(*drawnLights(), (LightList{&sun, &later, lamp, (*drawnLights())[3]}));
+  EXPECT_EQ(Text(lamp->position) + ", " + Text(lamp->direction), "101 17 -3, 0 -1 0");
+  EXPECT_EQ(Text((*drawnLights())[3]->color), "0.5 0.25 1");
+  engine->Draw([&] { placed.Render(nullptr, 2, {&sun}); });
+  EXPECT_EQ(*drawnLights(), (LightList{&sun, placed.ownLights[0], placed.ownLights[1]}));
+  draw(true);
+  EXPECT_EQ(drawnLights(), nullptr) << "nothing points to lights that are gone";
 }
 
 TEST_F(SceneTest, AnimationsMoveNodesAndTheirChildren) {

@@ -33,11 +33,17 @@ std::string Unusual(const std::string& word, const std::string& value, const std
   return value == usual ? "" : ' ' + word + ' ' + value;
 }
 
+std::string Text(const Light& light) {
+  return "light " + std::to_string(light.type) + " color " + Text(light.color) +
+         Unusual("range", Text({light.range}), "0") +
+         Unusual("cone", Text({light.innerAngle, light.outerAngle}), "0,0.7854");
+}
+
 std::string Text(const base::NodeData& node) {
   return base::ToUtf8(node.name) + Unusual("in", std::to_string(node.parent), "-1") +
          Unusual("at", Text(node.pose.translation), "0,0,0") + Unusual("turned", Text(node.pose.rotation), "0,0,0,1") +
          Unusual("sized", Text(node.pose.scale), "1,1,1") + Unusual("mesh", std::to_string(node.mesh), "-1") +
-         Unusual("camera", node.camera ? Text(*node.camera) : "", "");
+         Unusual("camera", node.camera ? Text(*node.camera) : "", "") + (node.light ? ' ' + Text(*node.light) : "");
 }
 
 std::string Text(const std::vector<base::SubMeshData>& mesh) {
@@ -46,7 +52,7 @@ std::string Text(const std::vector<base::SubMeshData>& mesh) {
     if (!text.empty()) text += " and ";
     for (const base::Vertex& vertex : subMesh.vertices) {
       text += '(' + Text(vertex.position) + Unusual("normal", Text(vertex.normal), "0,0,1") +
-              Unusual("uv", Text({vertex.u, vertex.v}), "0,0") +
+              Unusual("uv", Text({vertex.u, vertex.v}), "0,0") + Unusual("uv2", Text({vertex.u2, vertex.v2}), "0,0") +
               Unusual("color", Text(vertex.color), "255,255,255,255") + ')';
     }
     text += Unusual("of", Text(subMesh.indices), "") + Unusual("material", std::to_string(subMesh.material), "-1");
@@ -56,17 +62,27 @@ std::string Text(const std::vector<base::SubMeshData>& mesh) {
 
 std::string Text(const base::MaterialData& material) {
   const MaterialParams& params = material.params;
-  return "material" + Unusual("color", Text(params.baseColor), "1,1,1,1") +
-         Unusual("emissive", Text(params.emissive), "0,0,0") +
-         Unusual("surface", Text({params.metallic, params.roughness}), "1,1") +
-         Unusual("alpha", std::to_string(static_cast<int>(params.alphaMode)), "0") +
-         Unusual("cutoff", Text({params.alphaCutoff}), "0.5") + (params.doubleSided ? " double sided" : "") +
-         Unusual("image", std::to_string(material.baseImage), "-1") +
-         Unusual("emissive image", std::to_string(material.emissiveImage), "-1");
+  std::string text = "material" + Unusual("color", Text(params.baseColor), "1,1,1,1") +
+                     Unusual("emissive", Text(params.emissive), "0,0,0") +
+                     Unusual("surface", Text({params.metallic, params.roughness}), "1,1") +
+                     Unusual("bumps", Text({params.normalScale}), "1") +
+                     Unusual("occlusion", Text({params.occlusionStrength}), "1") +
+                     Unusual("alpha", std::to_string(static_cast<int>(params.alphaMode)), "0") +
+                     Unusual("cutoff", Text({params.alphaCutoff}), "0.5") +
+                     (params.doubleSided ? " double sided" : "") + (params.unlit ? " unlit" : "");
+  for (std::size_t slot = 0; slot < material.images.size(); ++slot) {
+    const TexturePlacement& placement = params.placements[slot];
+    const std::string word = "slot " + std::to_string(slot);
+    text += Unusual(word, std::to_string(material.images[slot]), "-1") +
+            Unusual("placed", Text(placement.x) + ' ' + Text(placement.y), "1,0,0 0,1,0") +
+            Unusual("by set", std::to_string(placement.uvSet), "0");
+  }
+  return text;
 }
 
 std::string Text(const base::Image& image) {
-  return "image " + std::to_string(image.width) + 'x' + std::to_string(image.height) + ' ' + Text(image.rgba);
+  return "image " + std::to_string(image.width) + 'x' + std::to_string(image.height) + ' ' + Text(image.rgba) +
+         (image.isLinear ? " of numbers" : "");
 }
 
 template <class T>
@@ -119,6 +135,8 @@ class GltfTest : public ::testing::Test {
       Append(text, scene->meshes);
       Append(text, scene->materials);
       Append(text, scene->images);
+      if (scene->ambient) text += "; ambient " + Text(*scene->ambient);
+      for (const String& what : scene->undrawn) text += "; not drawn: " + base::ToUtf8(what);
     }
     return (text.empty() ? "nothing" : text) + warnings;
   }
@@ -180,9 +198,10 @@ TEST_F(GltfTest, ReadsMeshes) {
 },"mode":6 => (0,0,0)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2,0,2,3
 },"indices":<ubyte1 0 1 2 2 3 0> => (0,0,0)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2,2,3,0
 },"mode":5,"indices":<uint1 0 1 3 2 0> => (0,0,0)(1,0,0)(1,1,0)(-1,1,0) of 0,1,3,3,1,2,3,2,0
-},"mode":0},{"mode":1 => nothing
+},"mode":0},{"mode":1 => ; not drawn: points or lines
 ,"TEXCOORD_0":<float2 1.5 -0.25 0 0 0 0 0 0>} => (0,0,0 uv 1.5,-0.25)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2
 ,"TEXCOORD_0":<ubyte2n 51 255 0 0 0 0 0 0>} => (0,0,0 uv 0.2,1)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2
+,"TEXCOORD_1":<float2 0.5 2 0 0 0 0 0 0>} => (0,0,0 uv2 0.5,2)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2
 ,"COLOR_0":<float3 0.2 2 -1 1 1 1 1 1 1 1 1 1>} => (0,0,0 color 51,255,0,255)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2
 ,"COLOR_0":<ubyte4n 1 2 3 4 255 255 255 255 255 255 255 255 255 255 255 255>}
  => (0,0,0 color 1,2,3,4)(1,0,0)(1,1,0)(-1,1,0) of 0,1,2
@@ -244,7 +263,7 @@ TEST_F(GltfTest, ReadsMaterials) {
  => material color 0.1,0.2,0.3,0.4 emissive 2,1,4 surface 0.5,0.75 alpha 1 cutoff 0.25 double sided
 "extensions":{"KHR_materials_unlit":{}},"emissiveFactor":[1,1,1],
 "pbrMetallicRoughness":{"baseColorFactor":[0.5,0.5,0.5,1],"metallicFactor":1,"roughnessFactor":0}
- => material color 0.5,0.5,0.5,1 surface 0,1)");
+ => material color 0.5,0.5,0.5,1 surface 1,0 unlit)");
   // A red pixel and a half transparent blue one, and another picture.
   files.Add(u"scenes\\Glow.tga", {0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 1, 0, 24, 32, 3, 2, 1});
   const std::string textures = R"("textures":[{"source":1},{"source":0},{}],"materials":[
@@ -253,10 +272,41 @@ TEST_F(GltfTest, ReadsMaterials) {
   CheckScenes(textures,
               R"(
 {"bufferView":<ubyte1 0 0 2 0 0 0 0 0 0 0 0 0 2 0 1 0 32 40 0 0 255 255 255 0 0 128>},{"uri":"Glow.tga"}
- => material image 0 emissive image 1; material image 0; image 2x1 255,0,0,255,0,0,255,128; image 1x1 1,2,3,255
+ => material slot 0 1 slot 1 0; material slot 1 0; image 2x1 255,0,0,255,0,0,255,128; image 1x1 1,2,3,255
 {"uri":"a\nb.png"},{"uri":"data:image/png;base64,AAAA"} => material; material)"
               "; warning: scenes\\test.gltf: image 0: cannot read a?b.png"
               "; warning: scenes\\test.gltf: image 1: not a picture");
+}
+
+TEST_F(GltfTest, ReadsTexturesOfNumbersAndTheirPlaces) {
+  const std::string pixel = R"({"bufferView":<ubyte1 0 0 2 0 0 0 0 0 0 0 0 0 1 0 1 0 24 32 3 2 1>})";
+  CheckScenes(R"("images":[)" + pixel + R"(],"textures":[{"source":0}],"materials":[{$}])", R"(
+"normalTexture":{"index":0,"scale":0.5,"texCoord":1},"occlusionTexture":{"index":0,"strength":0.25},
+"pbrMetallicRoughness":{"metallicRoughnessTexture":{"index":0,"texCoord":2}}
+ => material bumps 0.5 occlusion 0.25 slot 2 0 by set 1 slot 3 0 slot 4 0; image 1x1 1,2,3,255 of numbers
+"normalTexture":{"index":0},"emissiveTexture":{"index":0,"texCoord":1,"extensions":{"KHR_texture_transform":{
+"offset":[3,4],"rotation":0.5235987756,"scale":[2,10],"texCoord":0}}}
+ => material slot 0 0 placed 1.7321,5,3 -1,8.6603,4 slot 2 1; image 1x1 1,2,3,255; image 1x1 1,2,3,255 of numbers
+"normalTexture":{} => "index" is missing)");
+}
+
+TEST_F(GltfTest, ReadsLightsAndSaysWhatIsNotDrawn) {
+  CheckScenes(R"("scenes":[{"nodes":[0]$)", R"(
+,"extras":{"ambient":[0.5,0,2]}}],"nodes":[{}] => node 0; ambient 0.5,0,2
+,"extras":[1]}],"nodes":[{}] => node 0
+,"extras":{"ambient":[1]}}],"nodes":[{}] => "ambient" has a wrong value
+}],"nodes":[{"skin":0,"mesh":0}],"extensionsUsed":["KHR_texture_transform","KHR_materials_clearcoat"],
+"meshes":[{"primitives":[{"mode":1,"targets":[{}]}]}]
+ => node 0 mesh 0; ; not drawn: skins; not drawn: morph targets; not drawn: points or lines; not drawn: the extension KHR_materials_clearcoat)");
+  CheckScenes(R"("nodes":[{"extensions":{"KHR_lights_punctual":{"light":0}}}],
+      "extensions":{"KHR_lights_punctual":{"lights":[{$}]}})",
+              R"(
+"type":"directional","intensity":1366,"color":[1,0.5,0] => node 0 light 3 color 2,1,0
+"type":"point","intensity":683,"range":5 => node 0 light 1 color 1,1,1 range 5
+"type":"spot","intensity":683,"spot":{"innerConeAngle":0.1,"outerConeAngle":0.2} => node 0 light 2 color 1,1,1 cone 0.1,0.2
+"type":"spot","intensity":683,"spot":{"innerConeAngle":9,"outerConeAngle":9} => node 0 light 2 color 1,1,1 cone 1.5708,1.5708
+"type":"tube" => node 0
+}],"lights":[],"":[{ => there is no light 0)");
 }
 
 TEST_F(GltfTest, ReadsAnimations) {

@@ -16,7 +16,7 @@ namespace qen::host {
 namespace {
 
 using base::DrawKind;
-using Rgb = std::array<float, 3>;  // linear
+using LinearRgb = std::array<float, 3>;  // linear
 
 constexpr int kSize = 32;  // of the picture, and of the world that is seen: pixels, and depths from 0 to 1
 
@@ -26,7 +26,7 @@ struct Shape {
   int left = 0, top = 0, width = 1, height = 1;
   float z = 0.0F;
   float distance = 0.0F;
-  Rgb color{};
+  LinearRgb color{};
   float alpha = 1.0F;
   const SubMesh* mesh = nullptr;  // of a mesh, which has the colour
   bool mirrored = false;
@@ -77,7 +77,7 @@ class PlainPicture {
     }
   }
 
-  std::array<Rgb, kSize * kSize> colors_{};
+  std::array<LinearRgb, kSize * kSize> colors_{};
   std::array<float, kSize * kSize> depth_{};
 };
 
