@@ -9,7 +9,6 @@
 namespace qen::host {
 
 inline constexpr const char* kLightShader = R"(
-uniform vec3 uEye;
 uniform vec3 uToLight;
 uniform vec3 uLightColor;
 
@@ -60,8 +59,8 @@ vec3 Lamps(Surface surface, vec3 toEye, vec3 reflectance) {
     vec3 toLamp = way * inversesqrt(square);
     float reach = square * lamp[1].w * lamp[1].w;
     float share = lamp[0].w == 0.0 ? 1.0 : clamp(1.0 - reach * reach, 0.0, 1.0) / square;
-    float cone = clamp(lamp[3].y - dot(toLamp, lamp[2].xyz) * lamp[3].x, 0.0, 1.0);
-    vec3 color = lamp[1].rgb * (share * cone * cone);
+    float cone = smoothstep(0.0, 1.0, lamp[3].y - dot(toLamp, lamp[2].xyz) * lamp[3].x);
+    vec3 color = lamp[1].rgb * (share * cone);
     vec3 diffuse = surface.base * ((1.0 - surface.metallic) * max(dot(surface.normal, toLamp), 0.0) / kPi);
     sum += color * diffuse + Highlight(surface, toEye, reflectance, toLamp, color);
   }

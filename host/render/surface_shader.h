@@ -8,6 +8,7 @@ in vec3 vPosition;
 in vec3 vNormal;
 in vec4 vUv;
 in vec4 vColor;
+uniform vec3 uEye;
 uniform sampler2D uBaseMap;
 uniform sampler2D uEmissiveMap;
 uniform vec4 uBaseColor;
@@ -41,6 +42,16 @@ vec2 UvOf(int slot) {
   return vec2(dot(uUvX[slot], uv), dot(uUvY[slot], uv));
 }
 
+// Steep bumps are bent towards the eye, so that they mirror nothing that is behind the surface.
+vec3 Bent(vec3 bump, vec3 normal) {
+  vec3 toEye = normalize(uEye - vPosition);
+  float facing = dot(normal, toEye);
+  float least = sqrt(0.5 - 0.5 * sqrt(max(1.0 - facing * facing, 0.0)));
+  float seen = dot(bump, toEye);
+  if (seen >= least) return bump;
+  return normalize(bump - toEye * seen) * sqrt(1.0 - least * least) + toEye * least;
+}
+
 // The map's axes follow the coordinates as the mesh has them: to where u grows, and against where v does.
 vec3 Bumped(vec3 normal) {
   vec3 px = dFdx(vPosition), py = dFdy(vPosition);
@@ -53,7 +64,7 @@ vec3 Bumped(vec3 normal) {
   if (dot(up, down) > 0.0) up = -up;
   vec3 bump = (texture(uNormalMap, UvOf(2)).xyz * 2.0 - 1.0) * vec3(uNormalScale, uNormalScale, 1.0);
   vec3 sideways = (right * bump.x + up * bump.y) * inversesqrt(max(dot(right, right), 1e-30));
-  return normalize(sideways + normal * max(bump.z, 1e-3));
+  return Bent(normalize(sideways + normal * max(bump.z, 1e-3)), normal);
 }
 
 Surface SurfaceOf(vec3 base) {

@@ -16,7 +16,7 @@ import numpy
 FOLDER = os.path.dirname(os.path.abspath(__file__))
 EYE = 144.1  # how far the GUI's camera is from the plane y = 0
 SIZE = 128  # of the pictures, in pixels
-AMBIENT = (0.10, 0.12, 0.16)
+AMBIENT = (0.05, 0.06, 0.08)
 
 
 def path(name):
@@ -156,7 +156,7 @@ def fill_page():
     show_to_eye_only(node("Wall", back, (0, 25, 0), (90, 0, 0)))
     ball("Metal", metal, (-42, 0, 0))
     ball("Clay", clay, (42, 0, 0))
-    lamp("Sun", "SUN", 1.2, (1.0, 0.95, 0.85), (0, 0, 100), (55, -30, 0))
+    lamp("Sun", "SUN", 2.4, (1.0, 0.95, 0.85), (0, 0, 100), (55, -30, 0))
     lamp("Point", "POINT", 60000, (0.4, 0.6, 1.0), (65, -45, 40))
     spot = lamp("Spot", "SPOT", 150000, (1.0, 0.5, 0.2), (-10, -60, -35), (90, 0, 0))
     spot.spot_size = math.radians(50)
@@ -193,6 +193,8 @@ def main():
     bpy.context.preferences.filepaths.save_version = 0
     bpy.ops.wm.save_as_mainfile(filepath=path("looks.blend"), compress=True)
     bpy.context.scene.render.image_settings.color_mode = "RGB"
+    for mark in ("filename", "date", "time", "render_time", "frame", "camera", "scene"):
+        setattr(bpy.context.scene.render, "use_stamp_" + mark, False)
     bpy.context.scene.render.filepath = path("blender.png")
     bpy.ops.render.render(write_still=True)
 

@@ -260,7 +260,8 @@ TEST_F(LooksTest, LightsOfScenesReachAsFarAndWideAsTheyShould) {
       {"beyond its range", point(2, 1.9F), {}},
       {"behind the surface", point(-1, 0), {}},
       {"in a spot", spot(0.3F, 0.7F, {0, 0, 1}), {0.5F, 0.5F, 0.5F}},
-      {"at a spot's edge", spot(0.3F, 0.7F, {std::sin(0.5F), 0, mid}), Vec3{0.5F, 0.5F, 0.5F} * (share * share)},
+      {"at a spot's edge", spot(0.3F, 0.7F, {std::sin(0.5F), 0, mid}),
+       Vec3{0.5F, 0.5F, 0.5F} * (share * share * (3 - 2 * share))},
       {"beside a spot", spot(0.3F, 0.7F, {std::sin(0.75F), 0, std::cos(0.75F)}), {}},
       {"a sun from the side", sun, Vec3{0.5F, 0.5F, 0.5F} * std::sqrt(0.5F)},
   };
