@@ -22,7 +22,7 @@ struct MeshLights {
   Vec3 keyColor;
   const Light* ambient = nullptr;  // takes the place of the studio
   std::size_t lampCount = 0;
-  std::array<Lamp, kMostLamps> lamps;  // the first `lampCount`
+  std::array<Lamp, kMostLamps> lamps{};  // the first `lampCount`
 };
 
 // The first lamps count where there are more than the shader takes. `lights` may be null, and have null in it.

@@ -30,8 +30,8 @@ MeshProgram::Uniforms FindUniforms(const GlProgram& program) {
 
 }  // namespace
 
-MeshProgram::MeshProgram(std::size_t wanted)
-    : program_(MakeMeshProgram(wanted)), features(wanted), at(FindUniforms(program_)) {
+MeshProgram::MeshProgram(std::size_t features)
+    : features_(features), program_(MakeMeshProgram(features)), at_(FindUniforms(program_)) {
   program_.Use();
   glUniform1i(program_.Uniform("uBaseMap"), kBaseUnit);
   glUniform1i(program_.Uniform("uEmissiveMap"), kEmissiveUnit);
