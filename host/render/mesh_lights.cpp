@@ -6,7 +6,7 @@
 namespace qen::host {
 namespace {
 
-std::array<float, 4> Row(const Vec3& v, float w) { return {v.x, v.y, v.z, w}; }
+std::array<float, 4> Packed(const Vec3& v, float w) { return {v.x, v.y, v.z, w}; }
 
 // The cosine of the angle to a spot's axis, times the first and plus the second, is 1 where it is bright, 0 where dark.
 std::array<float, 4> ConeOf(const Light& light) {
@@ -19,11 +19,12 @@ std::array<float, 4> ConeOf(const Light& light) {
 
 MeshLights::Lamp ToLamp(const Light& light) {
   const bool isFar = light.type == Light::kDirectional;
-  return {isFar ? Row(-light.direction, 0.0F) : Row(light.position, 1.0F),
-          Row(light.color, light.range > 0.0F ? 1.0F / light.range : 0.0F), Row(light.direction, 0.0F), ConeOf(light)};
+  return {isFar ? Packed(-light.direction, 0.0F) : Packed(light.position, 1.0F),
+          Packed(light.color, light.range > 0.0F ? 1.0F / light.range : 0.0F), Packed(light.direction, 0.0F),
+          ConeOf(light)};
 }
 
-void Add(const Light& light, MeshLights& lights, bool& hasKey) {
+void AddLight(const Light& light, MeshLights& lights, bool& hasKey) {
   if (light.type < Light::kPoint || light.type > Light::kAmbient) return;
   lights.lit = true;
   if (light.type == Light::kAmbient) {
@@ -46,7 +47,7 @@ MeshLights GatherLights(const LightList* lights) {
   if (lights == nullptr) return gathered;
   bool hasKey = false;
   for (const Light* light : *lights) {
-    if (light != nullptr) Add(*light, gathered, hasKey);
+    if (light != nullptr) AddLight(*light, gathered, hasKey);
   }
   if (gathered.hasAmbient) gathered.keyColor = {};
   return gathered;

@@ -43,8 +43,8 @@ void MeshPainter::SetCamera(const Matrix4x4& view, const Matrix4x4& viewProjecti
   const Vec3 eye = view.Inverse().GetTranslation();
   for (const MeshProgram& program : programs_) {
     program.Use();
-    glUniformMatrix4fv(program.at.viewProjection, 1, GL_FALSE, &viewProjection.m[0][0]);
-    glUniform3f(program.at.eye, eye.x, eye.y, eye.z);
+    glUniformMatrix4fv(program.At().viewProjection, 1, GL_FALSE, &viewProjection.m[0][0]);
+    glUniform3f(program.At().eye, eye.x, eye.y, eye.z);
   }
 }
 
@@ -55,17 +55,17 @@ std::size_t MeshPainter::ProgramFor(const MaterialParams& params, const MeshLigh
 
 void MeshPainter::SetMaterial(const MeshProgram& program, const MaterialParams& params, bool smoothCutout) const {
   const std::array<float, 4>& base = params.baseColor;
-  glUniform4f(program.at.baseColor, base[0], base[1], base[2], base[3]);
-  glUniform3f(program.at.emissive, params.emissive[0], params.emissive[1], params.emissive[2]);
-  glUniform1f(program.at.metallic, params.metallic);
-  glUniform1f(program.at.roughness, params.roughness);
-  glUniform1i(program.at.alphaMode, static_cast<GLint>(params.alphaMode));
-  glUniform1f(program.at.alphaCutoff, params.alphaCutoff);
-  glUniform1i(program.at.coverage, smoothCutout ? 1 : 0);
-  glUniform1i(program.at.unlit, params.unlit ? 1 : 0);
+  glUniform4f(program.At().baseColor, base[0], base[1], base[2], base[3]);
+  glUniform3f(program.At().emissive, params.emissive[0], params.emissive[1], params.emissive[2]);
+  glUniform1f(program.At().metallic, params.metallic);
+  glUniform1f(program.At().roughness, params.roughness);
+  glUniform1i(program.At().alphaMode, static_cast<GLint>(params.alphaMode));
+  glUniform1f(program.At().alphaCutoff, params.alphaCutoff);
+  glUniform1i(program.At().coverage, smoothCutout ? 1 : 0);
+  glUniform1i(program.At().unlit, params.unlit ? 1 : 0);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_1), MeshProgram::kBaseUnit, TextureStore::Filter::Repeat);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_0), MeshProgram::kEmissiveUnit, TextureStore::Filter::Repeat);
-  if ((program.features & MeshProgram::kMaps) != 0) SetMaps(program, params);
+  if (program.HasMaps()) SetMaps(program, params);
 }
 
 void MeshPainter::SetMaps(const MeshProgram& program, const MaterialParams& params) const {
@@ -78,28 +78,28 @@ void MeshPainter::SetMaps(const MeshProgram& program, const MaterialParams& para
     y[i] = params.placements[i].y;
     set[i] = static_cast<float>(params.placements[i].uvSet);
   }
-  glUniform3fv(program.at.uvX, kSlots, x[0].data());
-  glUniform3fv(program.at.uvY, kSlots, y[0].data());
-  glUniform1fv(program.at.uvSet, kSlots, set.data());
+  glUniform3fv(program.At().uvX, kSlots, x[0].data());
+  glUniform3fv(program.At().uvY, kSlots, y[0].data());
+  glUniform1fv(program.At().uvSet, kSlots, set.data());
   const bool hasNormals = TextureIn(params, TEXTURE_SLOT_2) != 0;
-  glUniform1f(program.at.normalScale, hasNormals ? params.normalScale : 0.0F);
-  glUniform1f(program.at.occlusionStrength, params.occlusionStrength);
+  glUniform1f(program.At().normalScale, hasNormals ? params.normalScale : 0.0F);
+  glUniform1f(program.At().occlusionStrength, params.occlusionStrength);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_2), MeshProgram::kNormalUnit, TextureStore::Filter::Repeat);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_3), MeshProgram::kSurfaceUnit, TextureStore::Filter::Repeat);
   textures_.Bind(TextureIn(params, TEXTURE_SLOT_4), MeshProgram::kOcclusionUnit, TextureStore::Filter::Repeat);
 }
 
 void MeshPainter::SetLight(const MeshProgram& program, const MeshLights& lights) {
-  glUniform1i(program.at.lit, lights.lit ? 1 : 0);
+  glUniform1i(program.At().lit, lights.lit ? 1 : 0);
   if (!lights.lit) return;
-  glUniform3f(program.at.toLight, lights.toKey.x, lights.toKey.y, lights.toKey.z);
-  glUniform3f(program.at.lightColor, lights.keyColor.x, lights.keyColor.y, lights.keyColor.z);
-  if ((program.features & MeshProgram::kLamps) == 0) return;
+  glUniform3f(program.At().toLight, lights.toKey.x, lights.toKey.y, lights.toKey.z);
+  glUniform3f(program.At().lightColor, lights.keyColor.x, lights.keyColor.y, lights.keyColor.z);
+  if (!program.HasLamps()) return;
   const Vec3& ambient = lights.ambient;
-  glUniform4f(program.at.ambient, ambient.x, ambient.y, ambient.z, lights.hasAmbient ? 1.0F : 0.0F);
+  glUniform4f(program.At().ambient, ambient.x, ambient.y, ambient.z, lights.hasAmbient ? 1.0F : 0.0F);
   const auto count = static_cast<GLsizei>(lights.lampCount);
-  glUniform1i(program.at.lampCount, count);
-  if (count > 0) glUniformMatrix4fv(program.at.lamps, count, GL_FALSE, lights.lamps[0].place.data());
+  glUniform1i(program.At().lampCount, count);
+  if (count > 0) glUniformMatrix4fv(program.At().lamps, count, GL_FALSE, lights.lamps[0].place.data());
 }
 
 void MeshPainter::Draw(const Batch& batch) {
@@ -114,7 +114,7 @@ void MeshPainter::Draw(const Batch& batch) {
   if (std::exchange(bound_, number) != number) present.material = kNone;
   if (std::exchange(present.material, batch.material) != batch.material) SetMaterial(program, params, smoothCutout);
   if (std::exchange(present.light, batch.light) != batch.light) SetLight(program, lights);
-  glUniform1i(program.at.mirrored, batch.mirrored ? 1 : 0);
+  glUniform1i(program.At().mirrored, batch.mirrored ? 1 : 0);
   glFrontFace(batch.mirrored ? GL_CW : GL_CCW);
   (params.doubleSided ? glDisable : glEnable)(GL_CULL_FACE);
   if (smoothCutout) glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);

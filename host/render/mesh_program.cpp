@@ -9,7 +9,7 @@
 namespace qen::host {
 namespace {
 
-GlProgram Make(std::size_t features) {
+GlProgram MakeMeshProgram(std::size_t features) {
   std::string head = "#version 330 core\n";
   if ((features & MeshProgram::kMaps) != 0) head += "#define MAPS\n";
   if ((features & MeshProgram::kLamps) != 0) head += "#define LAMPS\n";
@@ -46,7 +46,8 @@ MeshProgram::Uniforms FindUniforms(const GlProgram& program) {
 
 }  // namespace
 
-MeshProgram::MeshProgram(std::size_t wanted) : program_(Make(wanted)), features(wanted), at(FindUniforms(program_)) {
+MeshProgram::MeshProgram(std::size_t features)
+    : features_(features), program_(MakeMeshProgram(features)), at_(FindUniforms(program_)) {
   program_.Use();
   glUniform1i(program_.Uniform("uBaseMap"), kBaseUnit);
   glUniform1i(program_.Uniform("uEmissiveMap"), kEmissiveUnit);

@@ -16,23 +16,26 @@ class MeshProgram {
 
   enum Unit : GLuint { kBaseUnit, kEmissiveUnit, kNormalUnit, kSurfaceUnit, kOcclusionUnit };
 
-  // Throws std::runtime_error where the driver cannot make it.
-  explicit MeshProgram(std::size_t features);
-
-  void Use() const { program_.Use(); }
-
- private:
-  GlProgram program_;
-
- public:
-  const std::size_t features;
   // Places of uniforms; those that a program does not have are -1, which OpenGL ignores.
   struct Uniforms {
     GLint viewProjection, mirrored, baseColor, emissive, metallic, roughness, alphaMode, alphaCutoff, coverage, unlit,
         eye, toLight, lightColor, lit;
     GLint uvX, uvY, uvSet, normalScale, occlusionStrength;  // of maps
     GLint ambient, lampCount, lamps;                        // of lamps
-  } const at;
+  };
+
+  // Throws std::runtime_error where the driver cannot make it.
+  explicit MeshProgram(std::size_t features);
+
+  void Use() const { program_.Use(); }
+  [[nodiscard]] const Uniforms& At() const { return at_; }
+  [[nodiscard]] bool HasMaps() const { return (features_ & kMaps) != 0; }
+  [[nodiscard]] bool HasLamps() const { return (features_ & kLamps) != 0; }
+
+ private:
+  std::size_t features_;
+  GlProgram program_;
+  Uniforms at_;
 };
 
 }  // namespace qen::host

@@ -60,10 +60,10 @@ class Pictures {
 };
 
 struct TextureMember {
-  TEXTURE_SLOT slot;
-  const char* name;
-  bool isOfSurface;  // a member of "pbrMetallicRoughness"
-  bool isColor;
+  TEXTURE_SLOT slot = TEXTURE_SLOT_0;
+  const char* name = nullptr;
+  bool isOfSurface = false;  // a member of "pbrMetallicRoughness"
+  bool isColor = false;
   const char* strength = nullptr;  // a number beside the texture, and where it goes
   float MaterialParams::*target = nullptr;
 };

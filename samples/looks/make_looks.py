@@ -193,6 +193,8 @@ def main():
     bpy.context.preferences.filepaths.save_version = 0
     bpy.ops.wm.save_as_mainfile(filepath=path("looks.blend"), compress=True)
     bpy.context.scene.render.image_settings.color_mode = "RGB"
+    for mark in ("filename", "date", "time", "render_time", "frame", "camera", "scene"):
+        setattr(bpy.context.scene.render, "use_stamp_" + mark, False)
     bpy.context.scene.render.filepath = path("blender.png")
     bpy.ops.render.render(write_still=True)
 
