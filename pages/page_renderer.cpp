@@ -17,6 +17,13 @@ namespace {
 constexpr Color kBoxColor(0xFF0000);
 constexpr std::uint32_t kInterfacePass = 2;
 
+const NodeDrawInfo* InfoOf(const TMNode& node) { return static_cast<const NodeDrawInfo*>(node.userData); }
+
+bool IsSeen(const TMNode& node) {
+  const NodeDrawInfo* info = InfoOf(node);
+  return info == nullptr ? node.mesh != nullptr : info->drawn != 0;
+}
+
 void DrawBox(const Matrix4x4& world, const AABB& box) {
   Drawing drawing;
   drawing.SetWorldMatrix(world);
@@ -38,13 +45,12 @@ void PageRenderer::Draw() {
   const std::vector<TMNode*>& nodes = page_.scene->GetNodes();
   // What a widget draws may unload the page: then there is no instance any more.
   for (std::size_t i = 0; page_.instance != nullptr && i < nodes.size(); ++i) {
-    if (i < page_.instance->nodeMatrices.size()) DrawNode(*nodes[i], i);
+    if (IsSeen(*nodes[i]) && i < page_.instance->nodeMatrices.size()) DrawNode(*nodes[i], i);
   }
 }
 
 void PageRenderer::DrawNode(const TMNode& node, std::size_t position) {
-  const auto* info = static_cast<const NodeDrawInfo*>(node.userData);
-  if (info == nullptr ? node.mesh == nullptr : info->drawn == 0) return;
+  const NodeDrawInfo* info = InfoOf(node);
   const AABB box = node.mesh != nullptr ? node.mesh->GetAABB() : AABB{};
   const Matrix4x4 world = page_.instance->nodeMatrices[position] * page_.instance->GetTM();
   if (info != nullptr && !DrawWidget(*info, world, box)) return;

@@ -4,19 +4,33 @@
 #include <cstdio>
 #include <numeric>
 #include <span>
+#include <utility>
 
 #include "base/utf.h"
 
 namespace qen::host {
 
-String FrameTimes::NextFrame() {
+void FrameTimes::EndFrame() { last_[count_++ % kFrames] = std::exchange(present_, {}); }
+
+const String& FrameTimes::Line(std::uint32_t drawCalls) {
   const Clock::time_point now = Clock::now();
-  milliseconds_[count_++ % kFrames] = std::chrono::duration<double, std::milli>(now - last_).count();
-  last_ = now;
-  const std::span<const double> known(milliseconds_.data(), std::min(count_, kFrames));
-  const double average = std::accumulate(known.begin(), known.end(), 0.0) / static_cast<double>(known.size());
-  std::array<char, 80> line{};
-  std::snprintf(line.data(), line.size(), "%.1f ms a frame, at worst %.1f ms", average, std::ranges::max(known));
+  if (now < lineEnds_ || count_ == 0) return line_;
+  lineEnds_ = now + std::chrono::milliseconds(500);
+  return line_ = MakeLine(drawCalls);
+}
+
+String FrameTimes::MakeLine(std::uint32_t drawCalls) const {
+  const std::span<const Frame> frames(last_.data(), std::min(count_, kFrames));
+  Frame mean{};
+  double worst = 0.0;
+  for (const Frame& frame : frames) {
+    for (std::size_t i = 0; i < mean.size(); ++i) mean[i] += frame[i] / static_cast<double>(frames.size());
+    worst = std::max(worst, std::accumulate(frame.begin(), frame.end(), 0.0));
+  }
+  std::array<char, 160> line{};
+  std::snprintf(line.data(), line.size(),
+                "%.1f ms a frame (at worst %.1f): update %.1f, draw %.1f, OpenGL %.1f, display %.1f; %u draw calls",
+                std::accumulate(mean.begin(), mean.end(), 0.0), worst, mean[0], mean[1], mean[2], mean[3], drawCalls);
   return base::ToUtf16(line.data());
 }
 

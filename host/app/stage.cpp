@@ -25,8 +25,11 @@ constexpr std::int32_t kLongestWait = 600;  // steps
 constexpr Char kUpKey = 38;
 constexpr Char kDownKey = 40;
 
+// What a window is called before there are pages.
+std::string ToTitle(const std::string& description) { return std::filesystem::path(description).filename().string(); }
+
 WindowOptions ToWindowOptions(const Options& options, const StageOptions& stageOptions) {
-  return {.title = std::filesystem::path(options.description).filename().string(),
+  return {.title = ToTitle(options.description),
           .width = options.width,
           .height = options.height,
           .offscreen = stageOptions.offscreen,
@@ -92,11 +95,11 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
       }),
       viewport_(&camera_),
       check_(data_.description, GameScriptName(data_), files_),
-      module_(options.module.empty() ? DefaultModuleFile() : options.module) {
+      module_(options.module.empty() ? DefaultModuleFile() : options.module),
+      showsFrameTimes_(options.fps) {
   engine_.SetLogSink([this](StringView line, bool error) { OnLog(line, error); });
   Resize();
   Load(options);
-  if (options.fps) frameTimes_.emplace();
 }
 
 bool Stage::LoadDescription(const String& file) {
@@ -170,6 +173,7 @@ void Stage::Resize() {
 }
 
 void Stage::Update(double seconds) {
+  const FrameTimes::Timer timer = frameTimes_.Measure(FramePart::Update);
   clock_.Advance(seconds);
   // Input meets what was drawn last; a page that a delivery brings in is drawn where its entrance begins.
   Send(message::kFrame);
@@ -177,6 +181,15 @@ void Stage::Update(double seconds) {
   engine_.Animate();
   unseenPages_.Look(Gui(), WarnOf);
   PlaceTextField();
+  NamePage();
+}
+
+// The title names the page in front.
+void Stage::NamePage() {
+  const std::vector<std::uint32_t>& pages = Gui().GetRenderPages();
+  std::string title = ToTitle(base::ToUtf8(data_.description));
+  if (!pages.empty()) title = base::ToUtf8(ShortName(Gui().GetPageName(pages.back()))) + " - " + title;
+  if (title != title_) window_.SetTitle(title_ = title);
 }
 
 void Stage::PlaceTextField() {
@@ -186,6 +199,7 @@ void Stage::PlaceTextField() {
 }
 
 void Stage::DrawPages() {
+  const FrameTimes::Timer timer = frameTimes_.Measure(FramePart::Draw);
   engine_.BeginFrame();
   Send(message::kRender, 0, reinterpret_cast<std::uintptr_t>(&viewport_));
   drawsTooltip_ = true;
@@ -196,7 +210,7 @@ void Stage::DrawPages() {
 
 void Stage::DrawScreenText() {
   std::vector<String> lines = keys_;
-  if (frameTimes_) lines.push_back(frameTimes_->NextFrame());
+  if (showsFrameTimes_) lines.push_back(frameTimes_.Line(renderer_.DrawCalls()));
   lines.insert(lines.end(), notice_.begin(), notice_.end());
   if (lines.empty()) return;
   constexpr std::int32_t kTop = 8;
@@ -248,8 +262,24 @@ void Stage::Reload() {
 
 void Stage::Draw() {
   DrawPages();
+  const FrameTimes::Timer timer = frameTimes_.Measure(FramePart::OpenGl);
   engine_.EndFrame(viewport_);
   hidden_ = false;
+}
+
+bool Stage::Show() {
+  const bool isNew = renderer_.HasChanged();
+  if (isNew) {
+    const FrameTimes::Timer timer = frameTimes_.Measure(FramePart::Display);
+    window_.Swap();
+  }
+  frameTimes_.EndFrame();
+  return isNew;
+}
+
+void Stage::ShowAgain() {
+  renderer_.ShowAgain();
+  window_.Swap();
 }
 
 void Stage::DrawHidden() {

@@ -104,6 +104,8 @@ class Stage {
   void Update(double seconds);  // one frame up to its picture; the seconds are for the manual clock
   void Deliver();               // the commands that wait
   void Draw();                  // the picture
+  bool Show();                  // in the window; false when it is the one that is there, and nothing needs to be done
+  void ShowAgain();             // when the window has lost it
   void DrawHidden();            // all of it but the picture, which WritePicture makes up for
 
   // Updates until no page is animated and nothing waits, for 10 seconds of the manual clock at most.
@@ -123,6 +125,7 @@ class Stage {
   void PlaceTextField();
   void DrawPages();
   void DrawScreenText();
+  void NamePage();
 
   bool offscreen_;
   bool quiet_;
@@ -148,7 +151,9 @@ class Stage {
   GuiCheck check_;
   ModuleLibrary module_;
   UnseenPages unseenPages_;
-  std::optional<FrameTimes> frameTimes_;
+  std::string title_;  // of the window
+  FrameTimes frameTimes_;
+  bool showsFrameTimes_;
   std::vector<String> keys_;
   std::vector<String> notice_;
   std::optional<ScreenText> screenText_;  // made when there is something to say

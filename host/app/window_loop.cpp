@@ -19,6 +19,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kShortestFrame{4};  // where the display does not set the pace
+constexpr std::chrono::milliseconds kStillFrame{33};    // where the picture stays as it is
 constexpr std::chrono::milliseconds kHiddenFrame{100};
 constexpr std::int32_t kMainButton = 1;
 
@@ -65,13 +66,19 @@ class WindowLoop {
       stage_.Update(Stage::kStep);
       if (const auto failure = game_.TakeFailure()) std::fprintf(stderr, "guihost: %s\n", failure->c_str());
       stage_.Draw();
-      stage_.Window().Swap();
+      const bool isStill = !stage_.Show();
       if (pictureWanted_) TakePicture();
       std::this_thread::sleep_until(start + (IsHidden() ? kHiddenFrame : kShortestFrame));
+      if (isStill) WaitForInput(start + kStillFrame);
     }
   }
 
  private:
+  void WaitForInput(Clock::time_point end) {
+    const auto time = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+    if (time.count() > 0) stage_.Window().WaitForEvent(static_cast<std::int32_t>(time.count()));
+  }
+
   // Ends after a button, so that each press and each release has a frame of its own and none is lost in a slow one.
   void TakeInput() {
     while (const auto event = stage_.Window().NextEvent()) {
@@ -98,6 +105,8 @@ class WindowLoop {
         return HandleSpecial(event);
       case InputKind::Resize:
         return stage_.Resize();
+      case InputKind::Exposed:
+        return stage_.ShowAgain();
       case InputKind::FocusLost:
         return;
       case InputKind::Quit:

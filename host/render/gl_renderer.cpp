@@ -178,9 +178,7 @@ void GlRenderer::Draw(const base::DrawList& list, std::int32_t width, std::int32
 
 bool GlRenderer::HasChanged() const { return parts_->hasChanged; }
 
-std::uint32_t GlRenderer::DrawCalls() const {
-  return parts_->hasChanged ? static_cast<std::uint32_t>(parts_->shown.batches.size()) : 0;
-}
+std::uint32_t GlRenderer::DrawCalls() const { return static_cast<std::uint32_t>(parts_->shown.batches.size()); }
 
 void GlRenderer::ShowAgain() const {
   if (parts_->isThere && parts_->toWindow) parts_->target.CopyToWindow();

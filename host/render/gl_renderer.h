@@ -34,9 +34,8 @@ class GlRenderer final : public base::IRenderBackend {
   // nothing; nor is anything drawn when the picture would be the one that is there.
   void Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) override;
 
-  // Of the last Draw: whether the picture is another one than before, and how many draw calls it took.
-  [[nodiscard]] bool HasChanged() const;
-  [[nodiscard]] std::uint32_t DrawCalls() const;
+  [[nodiscard]] bool HasChanged() const;          // whether the last Draw gave another picture than the one before
+  [[nodiscard]] std::uint32_t DrawCalls() const;  // that the last picture took
 
   void ShowAgain() const;  // puts the last frame into the back buffer of the window
 

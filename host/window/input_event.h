@@ -16,6 +16,7 @@ enum class InputKind : std::uint8_t {
   Text,        // value: a UTF-16 unit of typed text
   Special,     // value: SDL_Keycode of a key that makes no text and is none of those four, or of Alt+Enter
   Resize,      // the client area has a new size
+  Exposed,     // what the window showed may be gone
   FocusLost,   // the keyboard went to another window
   Quit,
 };

@@ -111,6 +111,9 @@ void InputTranslator::OnWindow(const SDL_WindowEvent& event, Events& out) {
     case SDL_WINDOWEVENT_SIZE_CHANGED:
       Add(out, InputKind::Resize);
       break;
+    case SDL_WINDOWEVENT_EXPOSED:
+      Add(out, InputKind::Exposed);
+      break;
     case SDL_WINDOWEVENT_LEAVE:
       if (held_ == 0) MoveAway(out);
       break;

@@ -138,6 +138,12 @@ std::optional<InputEvent> SdlWindow::NextEvent() {
   return next;
 }
 
+void SdlWindow::WaitForEvent(std::int32_t milliseconds) {
+  if (parts_->taken == parts_->pending.size()) SDL_WaitEventTimeout(nullptr, milliseconds);
+}
+
+void SdlWindow::SetTitle(const std::string& title) { SDL_SetWindowTitle(parts_->window.get(), title.c_str()); }
+
 void SdlWindow::Swap() { SDL_GL_SwapWindow(parts_->window.get()); }
 
 void SdlWindow::ToggleFullscreen() {

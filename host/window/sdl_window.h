@@ -41,6 +41,11 @@ class SdlWindow final : public base::IWindowBackend {
 
   [[nodiscard]] std::optional<InputEvent> NextEvent();  // nothing when there is none just now
 
+  // Waits for an event, so many milliseconds at most.
+  void WaitForEvent(std::int32_t milliseconds);
+
+  void SetTitle(const std::string& title);
+
   void Swap();  // shows what was drawn; waits for the display as asked for
   void ToggleFullscreen();
   void Resize(std::int32_t width, std::int32_t height);  // reported as an event

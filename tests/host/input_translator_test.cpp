@@ -54,7 +54,8 @@ SDL_Event Window(std::uint32_t what) {
 
 // Special keys have the codes of SDL.
 std::string Told(const std::vector<InputEvent>& events) {
-  constexpr const char* kKinds[] = {"move", "down", "up", "wheel", "key", "text", "special", "resize", "lost", "quit"};
+  constexpr const char* kKinds[] = {"move",    "down",   "up",      "wheel", "key", "text",
+                                    "special", "resize", "exposed", "lost",  "quit"};
   std::string text;
   for (const InputEvent& event : events) {
     text += (text.empty() ? "" : ", ") + std::string(kKinds[static_cast<std::size_t>(event.kind)]);
@@ -108,7 +109,8 @@ TEST(InputTranslatorTest, TellsWhatTheEventsMean) {
       {{compose, Key(SDLK_BACKSPACE), Key(SDLK_RETURN)}, "", "にほ"},
       {{Typed(SDL_TEXTINPUT, "日"), Key(SDLK_BACKSPACE)}, "text 26085, key 8"},
       {{compose, loseFocus}, "lost"},
-      {{Window(SDL_WINDOWEVENT_SIZE_CHANGED), Window(SDL_WINDOWEVENT_EXPOSED), {.type = SDL_QUIT}}, "resize, quit"},
+      {{Window(SDL_WINDOWEVENT_SIZE_CHANGED), Window(SDL_WINDOWEVENT_EXPOSED), {.type = SDL_QUIT}},
+       "resize, exposed, quit"},
   };
   InputTranslator input;
   input.SetPixelScale(1.5F);
