@@ -12,10 +12,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qen::bench {
 
-inline constexpr std::array<std::int64_t, 3> kButtonCounts{100, 1000, 10000};
+inline constexpr std::array<std::int64_t, 4> kButtonCounts{100, 1000, 10000, 100000};
 
 inline std::string LabelOf(std::size_t button) {
   std::array<char, 16> text{};
@@ -79,18 +80,29 @@ void LoadScreen(benchmark::State& state) {
   state.counters["bytes"] = static_cast<double>(screen.Bytes()) / static_cast<double>(state.range(0));
 }
 
+// The loaded screen of that many buttons; one at a time, kept from run to run.
+template <class Screen>
+Screen& LoadedScreen(std::size_t count) {
+  static std::unique_ptr<Screen> screen;
+  static std::size_t present = 0;
+  if (std::exchange(present, count) != count) {
+    screen.reset();
+    screen = std::make_unique<Screen>(count);
+    screen->Load();
+  }
+  return *screen;
+}
+
 template <class Screen, bool kDraws>
 void PlayScreen(benchmark::State& state) {
   const auto count = static_cast<std::size_t>(state.range(0));
-  Screen screen(count);
-  screen.Load();
+  Screen& screen = LoadedScreen<Screen>(count);
   std::size_t hovered = 0;
   for (auto _ : state) {
     hovered = (hovered + 37) % count;
     screen.Update(hovered);
     if constexpr (kDraws) screen.Draw();
   }
-  screen.Unload();
 }
 
 inline void ForEachCount(benchmark::internal::Benchmark* made) {
