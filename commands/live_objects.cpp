@@ -7,8 +7,8 @@
 namespace qen {
 namespace {
 
-// Serials by address, in a table of their own making: every widget has an entry, and a node of a standard map takes
-// three times the room. An entry lies where its address says, or behind that without a gap between.
+// Serials by address. Every widget has one, and a standard map takes twice the room and an allocation for each. An
+// entry lies where its address says, or behind that without a gap between.
 class SerialTable {
  public:
   void Add(const void* object, std::uint64_t serial) {

@@ -72,13 +72,14 @@ bool PageRenderer::DrawWidget(const NodeDrawInfo& info, const Matrix4x4& world, 
 
 void PageRenderer::SubmitMesh(Mesh& mesh, const Matrix4x4& world) {
   SimpleSceneInstance& instance = *page_.instance;
-  if (meshes_ == instance.drawMatrices.size()) instance.drawMatrices.emplace_back();
+  if (meshes_ >= instance.drawMatrices.size()) instance.drawMatrices.resize(meshes_ + 1);
   Matrix4x4& slot = instance.drawMatrices[meshes_++];
   slot = world;
   const float distance = viewport_.GetCamera()->plane.DistanceTo(slot * mesh.GetAABB().center);
   for (std::uint32_t i = 0; i < mesh.GetNumSubMeshes(); ++i) {
-    if (entries_ == instance.entries.size()) instance.entries.emplace_back().lights = instance.sceneLights;
+    if (entries_ >= instance.entries.size()) instance.entries.resize(entries_ + 1);
     RenderEntry& entry = instance.entries[entries_++];
+    entry.lights = instance.sceneLights;
     entry.subMesh = mesh.GetSubMesh(i);
     entry.world = &slot;
     entry.count = 1;
