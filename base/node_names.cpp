@@ -39,7 +39,7 @@ void NodeNames::Clear() {
 NodeNames::Slot NodeNames::SlotOf(StringView name) const {
   const std::uint64_t hash = std::hash<StringView>{}(name);
   const auto tag = static_cast<std::uint8_t>(hash >> 32U | 0x80U);
-  std::size_t index = static_cast<std::size_t>((hash & 0xFFFFFFFFU) * tags_.size() >> 32U);
+  auto index = static_cast<std::size_t>((hash & 0xFFFFFFFFU) * tags_.size() >> 32U);
   while (tags_[index] != 0 && (tags_[index] != tag || nodes_[positions_[index]].name != name)) {
     if (++index == tags_.size()) index = 0;
   }

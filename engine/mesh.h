@@ -31,7 +31,7 @@ class Mesh {
  public:
   [[nodiscard]] const AABB& GetAABB() const { return *box; }  // in the node's local space
   [[nodiscard]] std::uint32_t GetNumSubMeshes() const { return static_cast<std::uint32_t>(subMeshes.size()); }
-  SubMesh* GetSubMesh(std::uint32_t i) { return i < subMeshes.size() ? &subMeshes[i] : nullptr; }
+  [[nodiscard]] SubMesh* GetSubMesh(std::uint32_t i) const { return i < subMeshes.size() ? &subMeshes[i] : nullptr; }
 
   const AABB* box = nullptr;  // owned by the scene, like the next; meshes of one shape have it in common
   std::span<SubMesh> subMeshes;

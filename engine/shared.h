@@ -12,7 +12,7 @@ class Shared {
   static_assert(alignof(T) > 1, "the lowest bit of its address says whose it is");
 
  public:
-  Shared() : Shared(kPlain) {}
+  Shared() = default;
   // The common value, which must outlive all that share it and does not change.
   explicit Shared(const T& common) : bits_(reinterpret_cast<std::uintptr_t>(&common)) {}
   ~Shared() { Drop(); }
@@ -52,7 +52,7 @@ class Shared {
     if (IsOwn()) delete Address();
   }
 
-  std::uintptr_t bits_;
+  std::uintptr_t bits_ = reinterpret_cast<std::uintptr_t>(&kPlain);
 };
 
 }  // namespace qen
