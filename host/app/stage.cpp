@@ -17,6 +17,7 @@
 #include "host/app/pages.h"
 #include "host/app/picture_file.h"
 #include "host/app/widget_place.h"
+#include "host/render/gl_driver.h"
 
 namespace qen::host {
 namespace {
@@ -77,7 +78,9 @@ Stage::Stage(const Options& options, const StageOptions& stageOptions)
       data_(MountGameData(options.description, options.data, files_)),
       pseudo_(PseudoFilesOf(base::ToUtf16(options.language), data_.description, files_)),
       window_(ToWindowOptions(options, stageOptions)),
-      renderer_({.toWindow = !stageOptions.offscreen, .onError = {}}),
+      renderer_({.coarseInMotion = !stageOptions.offscreen && IsSoftwareDriver(),
+                 .toWindow = !stageOptions.offscreen,
+                 .onError = {}}),
       fonts_(renderer_.GlyphPages()),
       ime_(window_),
       sounds_(MixerSounds::Open(stageOptions.offscreen ? SoundOutput::None : SoundOutput::Device)),

@@ -32,6 +32,8 @@ Matrix4x4 PixelTransform(std::int32_t width, std::int32_t height) {
   return transform;
 }
 
+constexpr int kStillFrames = 5;  // before a coarse picture is drawn anew
+
 void ToStandardError(std::string_view line) { std::cerr << line << '\n'; }
 
 }  // namespace
@@ -40,10 +42,12 @@ struct GlRenderer::Parts {
   explicit Parts(const GlRendererOptions& options)
       : onError(options.onError ? options.onError : ErrorSink(&ToStandardError)),
         toWindow(options.toWindow),
-        target(options.samples) {}
+        coarseInMotion(options.coarseInMotion && options.samples > 0),
+        fine(options.samples) {}
 
   bool IsShown(std::int32_t newWidth, std::int32_t newHeight) const;
-  void DrawPlan();
+  [[nodiscard]] bool IsDueToRefine() const { return target == &coarse && stillFrames == kStillFrames; }
+  void DrawPlan(RenderTarget& into);
   void BeginFrame();
   void DrawLayer(const PlannedLayer& layer);
   void DrawBlended(std::span<const Batch> batches);
@@ -57,7 +61,10 @@ struct GlRenderer::Parts {
   DriverMessages driverMessages{onError};
   unsigned lastError = 0;
   bool toWindow;
-  RenderTarget target;
+  bool coarseInMotion;
+  RenderTarget fine;
+  RenderTarget coarse{0};
+  RenderTarget* target = &fine;  // that has the picture
   TextureStore textures;
   GeometryStore geometry;
   MeshPainter meshes{geometry, textures};
@@ -69,6 +76,7 @@ struct GlRenderer::Parts {
   // Of the picture that is there.
   bool isThere = false;
   bool hasChanged = false;  // against the one before
+  int stillFrames = 0;      // since it changed
   FramePlan shown;
   std::int32_t width = 0;
   std::int32_t height = 0;
@@ -80,8 +88,9 @@ bool GlRenderer::Parts::IsShown(std::int32_t newWidth, std::int32_t newHeight) c
          plan.ShowsTheSameAs(shown);
 }
 
-void GlRenderer::Parts::DrawPlan() {
+void GlRenderer::Parts::DrawPlan(RenderTarget& into) {
   isThere = false;
+  target = &into;
   BeginFrame();
   for (const PlannedLayer& layer : plan.layers) DrawLayer(layer);
   EndFrame();
@@ -91,7 +100,7 @@ void GlRenderer::Parts::DrawPlan() {
 }
 
 void GlRenderer::Parts::BeginFrame() {
-  target.Begin(width, height);
+  target->Begin(width, height);
   pixels = PixelTransform(width, height);
   glEnable(GL_FRAMEBUFFER_SRGB);
   glDisable(GL_SCISSOR_TEST);
@@ -104,7 +113,7 @@ void GlRenderer::Parts::BeginFrame() {
   glDepthFunc(GL_LEQUAL);
   // Texts and quads that lie on a surface win over it.
   glPolygonOffset(-1.0F, -1.0F);
-  meshes.Begin(plan, target.IsMultisampled());
+  meshes.Begin(plan, target->IsMultisampled());
   paint.Begin(plan);
 }
 
@@ -145,8 +154,8 @@ void GlRenderer::Parts::EndFrame() {
   glDepthMask(GL_TRUE);
   glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
   glBindVertexArray(0);
-  target.Resolve();
-  if (toWindow) target.CopyToWindow();
+  target->Resolve();
+  if (toWindow) target->CopyToWindow();
 }
 
 GlRenderer::GlRenderer(const GlRendererOptions& options) : parts_(std::make_unique<Parts>(options)) {}
@@ -167,13 +176,16 @@ void GlRenderer::DestroyGeometry(std::uint32_t geometry) { parts_->geometry.Dest
 void GlRenderer::Draw(const base::DrawList& list, std::int32_t width, std::int32_t height) {
   if (width <= 0 || height <= 0) return;
   parts_->planner.Plan(list, parts_->plan);
-  parts_->hasChanged = !parts_->IsShown(width, height);
-  if (parts_->hasChanged) {
-    parts_->width = width;
-    parts_->height = height;
-    parts_->DrawPlan();
+  Parts& parts = *parts_;
+  const bool isNew = !parts.IsShown(width, height);
+  parts.stillFrames = isNew ? 0 : parts.stillFrames + 1;
+  parts.hasChanged = isNew || parts.IsDueToRefine();
+  if (parts.hasChanged) {
+    parts.width = width;
+    parts.height = height;
+    parts.DrawPlan(isNew && parts.coarseInMotion ? parts.coarse : parts.fine);
   }
-  ReportErrors(parts_->onError, parts_->lastError);
+  ReportErrors(parts.onError, parts.lastError);
 }
 
 bool GlRenderer::HasChanged() const { return parts_->hasChanged; }
@@ -181,10 +193,10 @@ bool GlRenderer::HasChanged() const { return parts_->hasChanged; }
 std::uint32_t GlRenderer::DrawCalls() const { return static_cast<std::uint32_t>(parts_->shown.batches.size()); }
 
 void GlRenderer::ShowAgain() const {
-  if (parts_->isThere && parts_->toWindow) parts_->target.CopyToWindow();
+  if (parts_->isThere && parts_->toWindow) parts_->target->CopyToWindow();
 }
 
-void GlRenderer::Read(base::Image& image) const { parts_->target.Read(image); }
+void GlRenderer::Read(base::Image& image) const { parts_->target->Read(image); }
 
 IGlyphPages& GlRenderer::GlyphPages() { return parts_->textures; }
 

@@ -11,9 +11,10 @@
 namespace qen::host {
 
 struct GlRendererOptions {
-  int samples = 4;       // a pixel; fewer where the driver cannot, 0 for none
-  bool toWindow = true;  // frames are copied to the context's window, which has their size
-  ErrorSink onError;     // empty: standard error
+  int samples = 4;              // a pixel; fewer where the driver cannot, 0 for none
+  bool coarseInMotion = false;  // no samples until the picture stays for a moment: where the processor draws
+  bool toWindow = true;         // frames are copied to the context's window, which has their size
+  ErrorSink onError;            // empty: standard error
 };
 
 // Lives and dies, and is called, while one OpenGL context is current. Throws std::runtime_error where that context

@@ -75,6 +75,15 @@ vec3 Lamps(Surface surface, vec3 toEye, vec3 reflectance) { return vec3(0.0); }
 
 #endif
 
+vec3 Gloss(Surface surface, vec3 toEye, vec3 reflectance) {
+  vec3 normal = surface.normal;
+  float roughness = surface.roughness;
+  float grazing = pow(1.0 - max(dot(normal, toEye), 0.0), 5.0);
+  vec3 fresnel = reflectance + (max(vec3(1.0 - roughness), reflectance) - reflectance) * grazing;
+  vec3 mirrored = Surroundings(Studio(reflect(-toEye, normal), roughness)) * fresnel * surface.occlusion;
+  return mirrored + Highlight(surface, toEye, reflectance, uToLight, uLightColor);
+}
+
 vec3 Shade(Surface surface) {
   vec3 normal = surface.normal;
   vec3 toEye = normalize(uEye - vPosition);
@@ -82,14 +91,10 @@ vec3 Shade(Surface surface) {
   float key = kKey * max((dot(normal, uToLight) + kWrap) / (1.0 + kWrap), 0.0);
   vec3 diffuse = surface.base * (1.0 - surface.metallic) * (around + uLightColor * key);
 
-  float roughness = surface.roughness;
   vec3 reflectance = mix(vec3(0.04), surface.base, surface.metallic);
-  float grazing = pow(1.0 - max(dot(normal, toEye), 0.0), 5.0);
-  vec3 fresnel = reflectance + (max(vec3(1.0 - roughness), reflectance) - reflectance) * grazing;
-  vec3 mirrored = Surroundings(Studio(reflect(-toEye, normal), roughness)) * fresnel * surface.occlusion;
-  vec3 gloss = mirrored + Highlight(surface, toEye, reflectance, uToLight, uLightColor);
   // A fully rough surface that is no metal keeps the colours of its picture.
-  vec3 lit = diffuse + gloss * mix(1.0 - roughness * roughness, 1.0, surface.metallic);
+  float shine = mix(1.0 - surface.roughness * surface.roughness, 1.0, surface.metallic);
+  vec3 lit = shine > 0.0 ? diffuse + Gloss(surface, toEye, reflectance) * shine : diffuse;
   return lit + Lamps(surface, toEye, reflectance);
 }
 )";

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 #include "engine/mesh.h"
@@ -113,26 +114,38 @@ void Planner::SortBlended() {
 
 void Planner::AddSolid(std::span<const DrawItem> items) {
   looks_.Clear();
-  batchOf_.clear();
-  const std::size_t firstBatch = plan_->batches.size();
+  kinds_.clear();
+  kindOf_.clear();
   for (const std::uint32_t i : solid_) {
     const DrawItem& item = items[i];
     const Look look{&item.subMesh->GetMaterialParams(), item.lights, item.subMesh->geometry, IsMirrored(item.world)};
     const auto [number, isNew] = looks_.NumberOf(look);
-    if (isNew) plan_->batches.push_back(MeshesOf(look));
-    ++plan_->batches[firstBatch + number].count;
-    batchOf_.push_back(static_cast<std::uint32_t>(firstBatch) + number);
+    if (isNew) kinds_.push_back({.batch = MeshesOf(look)});
+    ++kinds_[number].batch.count;
+    kinds_[number].nearness = std::max(kinds_[number].nearness, NearnessOf(item));
+    kindOf_.push_back(number);
   }
-  auto next = static_cast<std::uint32_t>(plan_->places.size());
-  for (std::size_t i = firstBatch; i < plan_->batches.size(); ++i) {
-    plan_->batches[i].first = next;
-    next += std::exchange(plan_->batches[i].count, 0);
-  }
-  plan_->places.resize(next);
+  PlaceKinds();
   for (std::size_t i = 0; i < solid_.size(); ++i) {
-    Batch& batch = plan_->batches[batchOf_[i]];
-    plan_->places[batch.first + batch.count++] = PlaceOf(items[solid_[i]].world);
+    plan_->places[kinds_[kindOf_[i]].next++] = PlaceOf(items[solid_[i]].world);
   }
+}
+
+// What is nearer comes first, so that less is drawn that is covered later.
+void Planner::PlaceKinds() {
+  order_.resize(kinds_.size());
+  std::iota(order_.begin(), order_.end(), 0U);
+  std::ranges::sort(order_, [this](std::uint32_t a, std::uint32_t b) {
+    return kinds_[a].nearness != kinds_[b].nearness ? kinds_[a].nearness > kinds_[b].nearness : a < b;
+  });
+  auto first = static_cast<std::uint32_t>(plan_->places.size());
+  for (const std::uint32_t number : order_) {
+    Kind& kind = kinds_[number];
+    kind.next = kind.batch.first = first;
+    first += kind.batch.count;
+    plan_->batches.push_back(kind.batch);
+  }
+  plan_->places.resize(first);
 }
 
 void Planner::AddInOrder(const DrawItem& item, std::uint32_t firstBatch) {

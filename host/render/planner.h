@@ -32,10 +32,18 @@ class Planner {
     std::size_t operator()(const void* address) const;
   };
 
+  // Solid meshes of one look.
+  struct Kind {
+    Batch batch;
+    std::uint32_t nearness = 0;  // of the nearest
+    std::uint32_t next = 0;      // place to be filled
+  };
+
   void PlanLayer(std::span<const base::DrawItem> items, PlannedLayer& layer);
   void Sort(std::span<const base::DrawItem> items);
   void SortBlended();
   void AddSolid(std::span<const base::DrawItem> items);
+  void PlaceKinds();
   void AddInOrder(const base::DrawItem& item, std::uint32_t firstBatch);
   Batch AddMesh(const base::DrawItem& item);
   Batch AddText(const base::DrawItem& item);
@@ -51,7 +59,9 @@ class Planner {
   std::vector<std::uint32_t> flat_;
   std::vector<std::uint64_t> blended_;            // how near it is, and below that the position
   std::vector<std::uint64_t> unsorted_, sorted_;  // blended_ when it was sorted last
-  std::vector<std::uint32_t> batchOf_;            // by solid_
+  std::vector<Kind> kinds_;                       // of the solid ones
+  std::vector<std::uint32_t> kindOf_;             // by solid_
+  std::vector<std::uint32_t> order_;              // of the kinds
   FrameIndex<Look, Hash> looks_;
 
   // Of the frame.

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 #include <vector>
+
+#include "host/render/gl_driver.h"
 
 namespace qen::host {
 namespace {
@@ -15,15 +16,10 @@ void SetUp(const GlSampler& sampler, GLint wrap, GLint minify) {
   glSamplerParameteri(sampler.Get(), GL_TEXTURE_MAG_FILTER, GL_LINEAR);
 }
 
-// Mesa's, without a graphics card: its anisotropic filter is slow and blurs what is seen from the front.
-bool IsSoftware() {
-  const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-  return name != nullptr && std::string_view(name).find("llvmpipe") != std::string_view::npos;
-}
-
-// Keeps pictures sharp on surfaces that are seen from the side.
+// Keeps pictures sharp on surfaces that are seen from the side. Without a graphics card it is slow, and blurs what is
+// seen from the front.
 void SharpenTilted(const GlSampler& sampler) {
-  if (!epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic") || IsSoftware()) return;
+  if (!epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic") || IsSoftwareDriver()) return;
   GLfloat most = 1.0F;
   glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &most);
   glSamplerParameterf(sampler.Get(), GL_TEXTURE_MAX_ANISOTROPY_EXT, std::min(most, 8.0F));

@@ -67,10 +67,11 @@ class RenderTest : public ::testing::Test {
   }
   void TearDown() override { EXPECT_THAT(complaints, ::testing::IsEmpty()); }
 
-  void UseSamples(int samples) {  // with a fresh renderer
+  void UseSamples(int samples, bool coarseInMotion = false) {  // with a fresh renderer
     const auto complain = [this](std::string_view line) { complaints.emplace_back(line); };
     renderer.reset();
-    renderer = std::make_unique<GlRenderer>(GlRendererOptions{samples, true, complain});
+    renderer = std::make_unique<GlRenderer>(
+        GlRendererOptions{.samples = samples, .coarseInMotion = coarseInMotion, .onError = complain});
   }
   void StartLayer() { list.layers.emplace_back().firstItem = static_cast<std::uint32_t>(list.items.size()); }
   void ClearFrame() {
@@ -247,6 +248,23 @@ TEST_F(RenderTest, FollowsEverySizeThatTheDriverCanDrawWithAnyNumberOfSamples) {
     renderer->Draw(list, width, height);
   EXPECT_THROW(renderer->Draw(list, 1 << 20, 1), std::runtime_error);
   EXPECT_THROW(renderer->Draw(list, 1, 1 << 20), std::runtime_error);
+}
+
+TEST_F(RenderTest, IsCoarseInMotionAndFineAtRestWhereAsked) {
+  UseSamples(4, true);
+  AddRectangle(DrawKind::Triangles3D, -1, 1, 1.0F / 64, -1, 0.5F, 0xFFFFFFFF);
+  Show();
+  EXPECT_EQ(At(16, 16), kBlack) << "a quarter of it is covered";
+  int pictures = 0;
+  for (int i = 0; i < 10; ++i) {
+    Show();
+    pictures += renderer->HasChanged() ? 1 : 0;
+  }
+  EXPECT_EQ(pictures, 1);
+  EXPECT_NE(At(16, 16), kBlack);
+  list.vertices.front().position.x = -0.5F;
+  Show();
+  EXPECT_EQ(At(16, 16), kBlack);
 }
 
 TEST_F(RenderTest, MakesNothingOfWhatIsNoneAndTakesNumbersAgain) {
