@@ -126,7 +126,8 @@ class LooksTest : public ::testing::Test {
 
   std::string complaints;
   SdlWindow window{{.title = "test", .width = kSide, .height = kSide, .offscreen = true, .debugContext = true}};
-  GlRenderer renderer{{0, true, [this](std::string_view line) { complaints += std::string(line) + '\n'; }}};
+  GlRenderer renderer{
+      {.samples = 0, .onError = [this](std::string_view line) { complaints += std::string(line) + '\n'; }}};
   std::vector<std::unique_ptr<Numbers>> textures;
 };
 
