@@ -1,6 +1,7 @@
 #include "base/text_cache.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -29,7 +30,7 @@ TextCache::Key TextCache::KeyOf(const Text& text) const {
 
 bool TextCache::Is(const Text& text, const Key& key) const {
   return text.font == key.font && text.length == key.words.size() && text.options == key.options &&
-         StringView(words_).substr(text.firstWord, text.length) == key.words;
+         std::memcmp(words_.data() + text.firstWord, key.words.data(), text.length * sizeof(Char)) == 0;
 }
 
 // Frames show their texts in the same order again and again, and a shadow and its words follow on each other: the

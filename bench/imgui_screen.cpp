@@ -1,10 +1,6 @@
-// The screen of buttons with Dear ImGui, in one window as large as the view. It keeps no widgets: there is nothing to
-// load, and an update builds what is drawn.
-#include <imgui.h>
-
-#include <vector>
-
-#include "bench/screen_benchmarks.h"
+// The screen of buttons with Dear ImGui, without a renderer. It keeps no widgets: there is nothing to load, and an
+// update builds what is drawn.
+#include "bench/imgui_buttons.h"
 
 namespace qen::bench {
 namespace {
@@ -12,40 +8,26 @@ namespace {
 class ImGuiScreen {
  public:
   static constexpr bool kLoads = false;
-  explicit ImGuiScreen(std::size_t buttons) : grid_(buttons) {
-    for (std::size_t i = 0; i < buttons; ++i) labels_.push_back(LabelOf(i));
-    ImGui::CreateContext();
+  static constexpr std::int64_t kMost = 100'000;
+
+  explicit ImGuiScreen(std::size_t buttons)
+      : buttons_(buttons, {.step = {Grid::kStepX, Grid::kStepY}, .size = {Grid::kButtonWidth, Grid::kButtonHeight}}) {
     ImGuiIO& io = ImGui::GetIO();
-    io.IniFilename = nullptr;
-    io.DisplaySize = {grid_.Width(), grid_.Height()};
+    const Grid grid(buttons);
+    io.DisplaySize = {grid.Width(), grid.Height()};
     io.BackendFlags |= ImGuiBackendFlags_RendererHasVtxOffset;  // more than 65,536 vertices
     unsigned char* pixels = nullptr;
     int width = 0;
     int height = 0;
     io.Fonts->GetTexDataAsRGBA32(&pixels, &width, &height);
   }
-  ~ImGuiScreen() { ImGui::DestroyContext(); }
-  ImGuiScreen(const ImGuiScreen&) = delete;
-  ImGuiScreen& operator=(const ImGuiScreen&) = delete;
 
   void Load() {}
   void Unload() {}
 
   void Update(std::size_t hovered) {
-    ImGuiIO& io = ImGui::GetIO();
-    io.DeltaTime = 1.0F / 60.0F;
-    io.MousePos = {grid_.X(hovered) + 2.0F, grid_.Y(hovered) + 2.0F};
-    ImGui::NewFrame();
-    ImGui::SetNextWindowPos({0, 0});
-    ImGui::SetNextWindowSize(io.DisplaySize);
-    ImGui::Begin("screen", nullptr,
-                 ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoBackground);
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-      ImGui::SetCursorPos({grid_.X(i), grid_.Y(i)});
-      clicked_ += ImGui::Button(labels_[i].c_str(), {Grid::kButtonWidth, Grid::kButtonHeight}) ? 1 : 0;
-    }
-    ImGui::End();
-    ImGui::EndFrame();
+    ImGui::GetIO().DeltaTime = kFrameSeconds;
+    buttons_.Build(hovered);
   }
 
   void Draw() {
@@ -54,12 +36,13 @@ class ImGuiScreen {
   }
 
  private:
-  Grid grid_;
-  std::vector<std::string> labels_;
-  int clicked_ = 0;
+  ImGuiButtons buttons_;
 };
 
 }  // namespace
 }  // namespace qen::bench
 
-int main(int argc, char** argv) { return qen::bench::RunScreenBenchmarks<qen::bench::ImGuiScreen>(argc, argv); }
+int main(int argc, char** argv) {
+  using qen::bench::ImGuiScreen;
+  return qen::bench::RunBenchmarks<ImGuiScreen>(argc, argv, qen::bench::RegisterScreens<ImGuiScreen>);
+}

@@ -12,11 +12,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace qen::bench {
 
-inline constexpr std::array<std::int64_t, 4> kButtonCounts{100, 1000, 10000, 100000};
+inline constexpr std::array<std::int64_t, 4> kButtonCounts{100, 1000, 10'000, 100'000};
+inline constexpr std::int32_t kViewWidth = 1280;  // pixels, of frames that are really drawn
+inline constexpr std::int32_t kViewHeight = 960;
+inline constexpr float kFrameSeconds = 1.0F / 60.0F;
 
 inline std::string LabelOf(std::size_t button) {
   std::array<char, 16> text{};
@@ -51,62 +53,52 @@ inline std::size_t HeapBytes() {
 }
 
 // A screen is made with a number of buttons, and has:
+//   kMost                     the most buttons that are measured
 //   kLoads                    whether there is anything to load
 //   Load(), Unload()          from a definition; what the definition refers to is there already
 //   Update(hovered)           a frame's input and update, the cursor on that button
-//   Draw()                    the frame's drawing, for a renderer that does nothing
-//   Bytes()                   heap bytes that loading takes
+//   Draw()                    the frame's drawing
 //   LoadSceneAlone()          only where a scene is loaded too: that without widgets
-template <class Screen>
-void LoadSceneAlone(benchmark::State& state) {
-  Screen screen(static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    screen.LoadSceneAlone();
-    state.PauseTiming();
-    screen.Unload();
-    state.ResumeTiming();
-  }
-}
-
-template <class Screen>
+// The counter "bytes" of what is loaded is the heap that it takes, for each button.
+template <class Screen, void (Screen::*kLoad)()>
 void LoadScreen(benchmark::State& state) {
   Screen screen(static_cast<std::size_t>(state.range(0)));
+  std::size_t bytes = 0;
   for (auto _ : state) {
-    screen.Load();
     state.PauseTiming();
+    const std::size_t before = HeapBytes();
+    state.ResumeTiming();
+    (screen.*kLoad)();
+    state.PauseTiming();
+    bytes = HeapBytes() - before;
     screen.Unload();
     state.ResumeTiming();
   }
-  state.counters["bytes"] = static_cast<double>(screen.Bytes()) / static_cast<double>(state.range(0));
-}
-
-// The loaded screen of that many buttons; one at a time, kept from run to run.
-template <class Screen>
-Screen& LoadedScreen(std::size_t count) {
-  static std::unique_ptr<Screen> screen;
-  static std::size_t present = 0;
-  if (std::exchange(present, count) != count) {
-    screen.reset();
-    screen = std::make_unique<Screen>(count);
-    screen->Load();
-  }
-  return *screen;
+  state.counters["bytes"] = static_cast<double>(bytes) / static_cast<double>(state.range(0));
 }
 
 template <class Screen, bool kDraws>
 void PlayScreen(benchmark::State& state) {
+  constexpr int kWarmUp = 3;  // frames, in which what is kept from frame to frame is made
   const auto count = static_cast<std::size_t>(state.range(0));
-  Screen& screen = LoadedScreen<Screen>(count);
+  Screen screen(count);
+  screen.Load();
   std::size_t hovered = 0;
-  for (auto _ : state) {
+  const auto play = [&] {
     hovered = (hovered + 37) % count;
     screen.Update(hovered);
     if constexpr (kDraws) screen.Draw();
-  }
+  };
+  for (int frame = 0; frame < kWarmUp; ++frame) play();
+  for (auto _ : state) play();
+  screen.Unload();
 }
 
-inline void ForEachCount(benchmark::internal::Benchmark* made) {
-  for (const std::int64_t count : kButtonCounts) made->Arg(count);
+template <class Screen>
+void ForEachCount(benchmark::internal::Benchmark* made) {
+  for (const std::int64_t count : kButtonCounts) {
+    if (count <= Screen::kMost) made->Arg(count);
+  }
   made->Unit(benchmark::kMicrosecond);
 }
 
@@ -123,18 +115,33 @@ int PlayWhole(std::size_t buttons, int frames) {
   return 0;
 }
 
-// The main function of a benchmark program. With `--whole BUTTONS FRAMES` it is a whole program instead.
+// Loading and frames for a renderer that does nothing.
 template <class Screen>
-int RunScreenBenchmarks(int argc, char** argv) {
+void RegisterScreens() {
+  if constexpr (Screen::kLoads) {
+    benchmark::RegisterBenchmark("Load", LoadScreen<Screen, &Screen::Load>)->Apply(ForEachCount<Screen>);
+  }
+  if constexpr (requires(Screen screen) { screen.LoadSceneAlone(); }) {
+    benchmark::RegisterBenchmark("LoadSceneAlone", LoadScreen<Screen, &Screen::LoadSceneAlone>)
+        ->Apply(ForEachCount<Screen>);
+  }
+  benchmark::RegisterBenchmark("Update", PlayScreen<Screen, false>)->Apply(ForEachCount<Screen>);
+  benchmark::RegisterBenchmark("UpdateAndDraw", PlayScreen<Screen, true>)->Apply(ForEachCount<Screen>);
+}
+
+// Whole frames with OpenGL: the processor time of the process, since drivers have threads.
+template <class Screen>
+void RegisterFrames(const char* name) {
+  benchmark::RegisterBenchmark(name, PlayScreen<Screen, true>)->Apply(ForEachCount<Screen>)->MeasureProcessCPUTime();
+}
+
+// The main function of a benchmark program. With `--whole BUTTONS FRAMES` it is a whole program instead.
+template <class Screen, class Register>
+int RunBenchmarks(int argc, char** argv, const Register& registerAll) {
   if (argc == 4 && std::string_view(argv[1]) == "--whole") {
     return PlayWhole<Screen>(std::strtoul(argv[2], nullptr, 10), std::atoi(argv[3]));
   }
-  if constexpr (Screen::kLoads) benchmark::RegisterBenchmark("Load", LoadScreen<Screen>)->Apply(ForEachCount);
-  if constexpr (requires(Screen screen) { screen.LoadSceneAlone(); }) {
-    benchmark::RegisterBenchmark("LoadSceneAlone", LoadSceneAlone<Screen>)->Apply(ForEachCount);
-  }
-  benchmark::RegisterBenchmark("Update", PlayScreen<Screen, false>)->Apply(ForEachCount);
-  benchmark::RegisterBenchmark("UpdateAndDraw", PlayScreen<Screen, true>)->Apply(ForEachCount);
+  registerAll();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();

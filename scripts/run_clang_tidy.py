@@ -18,7 +18,7 @@ import sources
 
 
 FOR_OTHER_SYSTEMS = re.compile(r"_(windows|elsewhere)\.cpp$|^tests/windows/")  # no target of this system compiles them
-WHERE_INSTALLED = re.compile(r"^bench/(imgui|cegui)_screen\.cpp$")  # compiled where their libraries are
+WHERE_INSTALLED = re.compile(r"^bench/(imgui|cegui)_(screen|frames)\.cpp$")  # compiled where their libraries are
 CONFIG = ".clang-tidy"
 
 

@@ -76,6 +76,11 @@ int Rendered(ScriptWorld& world, lua_State* state) {
   return PushPageNames(state, world.Gui(), world.Gui().GetRenderPages());
 }
 
+int Title(ScriptWorld& world, lua_State* state) {
+  Push(state, world.GetStage().Window().Title());
+  return 1;
+}
+
 int Frame(ScriptWorld& world, lua_State* state) {
   const std::int32_t count = IntegerArgument(state, 1, 1);
   const double seconds = luaL_optnumber(state, 2, Stage::kStep);
@@ -102,7 +107,7 @@ int Settle(ScriptWorld& world, lua_State* state) {
 }  // namespace
 
 ScriptFunctions PageFunctions() {
-  static constexpr std::array<ScriptFunction, 11> kFunctions{{
+  static constexpr std::array<ScriptFunction, 12> kFunctions{{
       {"load", Load},
       {"unload", Unload},
       {"reload", Reload},
@@ -112,6 +117,7 @@ ScriptFunctions PageFunctions() {
       {"pages", Pages},
       {"active", Active},
       {"rendered", Rendered},
+      {"title", Title},
       {"frame", Frame},
       {"settle", Settle},
   }};

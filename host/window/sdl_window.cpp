@@ -144,6 +144,8 @@ void SdlWindow::WaitForEvent(std::int32_t milliseconds) {
 
 void SdlWindow::SetTitle(const std::string& title) { SDL_SetWindowTitle(parts_->window.get(), title.c_str()); }
 
+std::string SdlWindow::Title() const { return SDL_GetWindowTitle(parts_->window.get()); }
+
 void SdlWindow::Swap() { SDL_GL_SwapWindow(parts_->window.get()); }
 
 void SdlWindow::ToggleFullscreen() {

@@ -45,6 +45,7 @@ class SdlWindow final : public base::IWindowBackend {
   void WaitForEvent(std::int32_t milliseconds);
 
   void SetTitle(const std::string& title);
+  [[nodiscard]] std::string Title() const;
 
   void Swap();  // shows what was drawn; waits for the display as asked for
   void ToggleFullscreen();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string>
 
 #include "base/backends/image.h"
@@ -58,6 +59,22 @@ TEST_F(GuihostTest, SaysInOneLineWhatIsWrong) {
 TEST_F(GuihostTest, TracesWhatIsAskedOfTheEngine) {
   ASSERT_EQ(Run("Gui.txt --frames 2 --trace new/calls.json --size 16x16"), 0);
   EXPECT_THAT(folder.Read("new/calls.json"), HasSubstr("{\"call\":\"IRender::Submit\",\"args\":[")) << "it was drawn";
+}
+
+TEST_F(GuihostTest, ShowsWhereTheTimeOfAFrameGoes) {
+  ASSERT_EQ(Run("Gui.txt --fps --frames 60 --trace calls.json --size 1280x64"), 0) << err;
+  const std::string calls = folder.Read("calls.json");
+  const std::size_t end = calls.rfind(" ms a frame");
+  ASSERT_NE(end, std::string::npos);
+  const std::size_t begin = calls.rfind('"', end) + 1;
+  double frame = 0, worst = 0, update = 0, draw = 0, openGl = 0, display = 0;
+  unsigned drawCalls = 0;
+  std::sscanf(calls.c_str() + begin,
+              "%lf ms a frame (at worst %lf): update %lf, draw %lf, OpenGL %lf, display %lf; %u draw calls", &frame,
+              &worst, &update, &draw, &openGl, &display, &drawCalls);
+  EXPECT_GE(drawCalls, 1U);
+  EXPECT_NEAR(update + draw + openGl + display, frame, 0.3);
+  EXPECT_GE(worst, frame);
 }
 
 TEST_F(GuihostTest, FailsInTheEndWhenAPageIsMissing) {

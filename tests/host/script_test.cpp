@@ -45,6 +45,7 @@ class ScriptTest : public GuihostTest {
 TEST_F(ScriptTest, SeesAndDrivesTheGui) {
   Passes("Gui.txt --fps", R"(
     gui.settle()
+    check_equal(gui.title(), "first - Gui.txt")
     check_equal({gui.pages(), gui.active(), gui.languages()}, {{"first", "second"}, {"first"}, {"english", "german"}})
     check_equal({gui.text(1), gui.language("german"), gui.text(1)}, {"One", "german", "Eins"})
     local square = gui.widget("~BSQUARE")
@@ -57,7 +58,7 @@ TEST_F(ScriptTest, SeesAndDrivesTheGui) {
                         source = "~bsquare", id = 0})
     gui.on("setpage", error)
     gui.command("setpage:second.glb") gui.settle()
-    check_equal(gui.rendered(), {"second"}, "the GUI keeps its words")
+    check_equal({gui.rendered(), gui.title()}, {{"second"}, "second - Gui.txt"}, "the GUI keeps its words")
     gui.command("nosuch:x") gui.frame(3)
     gui.unload()
     check_equal(gui.pages(), {})
