@@ -29,7 +29,7 @@ class TextCache {
   [[nodiscard]] const TextLayout& LayoutOf(Id text) const { return *texts_[text].layout; }
 
   // A text as it is seen through a window. Its glyphs stay until the next frame begins.
-  const TextMesh& MeshOf(Id text, const FontObject& font, const TextWindow& window);
+  const TextMesh& MeshOf(Id id, const FontObject& font, const TextWindow& window);
 
   void BeginFrame() { ++frame_; }
 

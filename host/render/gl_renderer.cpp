@@ -51,7 +51,7 @@ struct GlRenderer::Parts {
   void BeginFrame();
   void DrawLayer(const PlannedLayer& layer);
   void DrawBlended(std::span<const Batch> batches);
-  void EndFrame();
+  void EndFrame() const;
 
   [[nodiscard]] std::span<const Batch> Batches(std::uint32_t begin, std::uint32_t end) const {
     return std::span(plan.batches).subspan(begin, end - begin);
@@ -150,7 +150,7 @@ void GlRenderer::Parts::DrawBlended(std::span<const Batch> batches) {
   }
 }
 
-void GlRenderer::Parts::EndFrame() {
+void GlRenderer::Parts::EndFrame() const {
   glDepthMask(GL_TRUE);
   glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
   glBindVertexArray(0);
