@@ -72,10 +72,10 @@ class Filler {
 
   // States of a widget mostly stand where it does, or where the state before them does.
   void PutInPlace(TMNode& node, const Matrix4x4& world) {
-    for (const std::uint32_t near : {node.parent, node.position - 1}) {
-      if (near >= node.position || !IsSame(*data_.nodes[near].transform, world)) continue;
-      node.transform = Shared(*data_.nodes[near].transform);
-      node.inverseTransform = Shared(*data_.nodes[near].inverseTransform);
+    for (const std::uint32_t other : {node.parent, node.position - 1}) {
+      if (other >= node.position || !IsSame(*data_.nodes[other].transform, world)) continue;
+      node.transform = Shared(*data_.nodes[other].transform);
+      node.inverseTransform = Shared(*data_.nodes[other].inverseTransform);
       return;
     }
     const SimpleScene::Data::Place& place = data_.places.emplace_back(SimpleScene::Data::Place{world, world.Inverse()});

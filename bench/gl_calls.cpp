@@ -47,7 +47,7 @@ struct Function {
 constexpr Function kFunctions[] = {
 #define GL_FUNCTION(name) \
   {#name, Counted<&epoxy_##name>::PutIn, Counted<&epoxy_##name>::TakeOut, &Counted<&epoxy_##name>::calls},
-#include "gl_functions.inc"
+#include <gl_functions.inc>
 #undef GL_FUNCTION
 };
 

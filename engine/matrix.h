@@ -30,7 +30,6 @@ struct alignas(16) Matrix4x4 {
   // more than one axis or is not finite has no inverse; then every point goes to one where no box is.
   QEN_API void SetInverse(const Matrix4x4& source);
   [[nodiscard]] QEN_API Matrix4x4 Inverse() const;
-
 };
 
 inline Matrix4x4 operator*(const Matrix4x4& a, const Matrix4x4& b) {
